@@ -1,0 +1,36 @@
+# The library's sources, and how every variant of it is compiled.
+file(GLOB QVRShpCore_sources CONFIGURE_DEPENDS
+     ${PROJECT_SOURCE_DIR}/frame/foundation/*.cpp
+     ${PROJECT_SOURCE_DIR}/containers/*.cpp
+     ${PROJECT_SOURCE_DIR}/frame/primitives/*.cpp
+     ${PROJECT_SOURCE_DIR}/results/*.cpp
+     ${PROJECT_SOURCE_DIR}/QVRShpShape/QVRShpShp.m/src/*.cpp
+     ${PROJECT_SOURCE_DIR}/frame/module/*.cpp)
+file(GLOB QVRShpCore_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/*.h)
+
+# Warnings are errors for us, not for those who build us.
+add_library(QVRShpCore_warnings INTERFACE)
+if(QVRSHPCORE_DEVELOPER)
+  target_compile_options(QVRShpCore_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+endif()
+
+# Results must not depend on the optimiser.
+function(qvrshpcore_configure target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_compile_options(${target} PRIVATE -ffp-contract=off -fno-fast-math)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # A unique symbol would keep the library resident after dlclose.
+    target_compile_options(${target} PRIVATE -fno-gnu-unique)
+  endif()
+  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+                             PRIVATE ${PROJECT_SOURCE_DIR}/frame/foundation ${PROJECT_SOURCE_DIR}/frame/module
+                                     ${PROJECT_SOURCE_DIR}/QVRShpShape/QVRShpShp.m/src)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:QVRShpCore_warnings>)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden
+                        VISIBILITY_INLINES_HIDDEN ON POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+add_library(QVRShpCore SHARED ${QVRShpCore_sources})
+add_library(QVRShpCore::QVRShpCore ALIAS QVRShpCore)
+qvrshpcore_configure(QVRShpCore)
+set_target_properties(QVRShpCore PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
