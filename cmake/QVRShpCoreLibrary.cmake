@@ -34,3 +34,8 @@ add_library(QVRShpCore SHARED ${QVRShpCore_sources})
 add_library(QVRShpCore::QVRShpCore ALIAS QVRShpCore)
 qvrshpcore_configure(QVRShpCore)
 set_target_properties(QVRShpCore PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+
+# Nothing may be left to be found at run time; clang's sanitizers are, by design.
+if(NOT (CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND "${CMAKE_CXX_FLAGS}" MATCHES "-fsanitize"))
+  target_link_options(QVRShpCore PRIVATE -Wl,--no-undefined)
+endif()

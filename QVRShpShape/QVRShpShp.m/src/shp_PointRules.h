@@ -1,0 +1,37 @@
+#ifndef shp_PointRules_h
+#define shp_PointRules_h
+
+#include <cstddef>
+
+/// Isoparametric locations (g, h, r), one row a point, for tables that the compiler fills by a rule.
+template <std::size_t Count> struct shp_Points {
+    float rows[Count][3] = {};
+
+    constexpr float const * data() const { return rows[0]; }
+};
+
+/// All combinations of the levels, g fastest, then h, then r.
+template <std::size_t G, std::size_t H, std::size_t R>
+constexpr shp_Points<G * H * R> shp_tensorPoints(float const (&g)[G], float const (&h)[H], float const (&r)[R]) {
+    shp_Points<G * H * R> points;
+    for (std::size_t i = 0; i < G * H * R; ++i) {
+        points.rows[i][0] = g[i % G];
+        points.rows[i][1] = h[i / G % H];
+        points.rows[i][2] = r[i / (G * H)];
+    }
+    return points;
+}
+
+/// The points of a triangle repeated at each level of r.
+template <std::size_t Triangle, std::size_t R>
+constexpr shp_Points<Triangle * R> shp_prismPoints(float const (&triangle)[Triangle][3], float const (&r)[R]) {
+    shp_Points<Triangle * R> points;
+    for (std::size_t i = 0; i < Triangle * R; ++i) {
+        points.rows[i][0] = triangle[i % Triangle][0];
+        points.rows[i][1] = triangle[i % Triangle][1];
+        points.rows[i][2] = r[i / Triangle];
+    }
+    return points;
+}
+
+#endif

@@ -1,0 +1,15 @@
+#ifndef QVRBasAtrStringMode_h
+#define QVRBasAtrStringMode_h
+
+#include "QVRBasStringMode.h"
+#include "QVRShpCore_Export.h"
+#include "atr_String.h"
+
+/// Takes a text from UTF-8 to the encoding that a mode names, and back.
+class QVRSHPCORE_API QVRBasAtrStringMode {
+public:
+    static atr_String Utf8ToModal(atr_String text, QVRBasStringMode mode);
+    static atr_String ModalToUTF8(atr_String text, QVRBasStringMode mode);
+};
+
+#endif

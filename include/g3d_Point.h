@@ -1,0 +1,34 @@
+#ifndef g3d_Point_h
+#define g3d_Point_h
+
+/// A position: four floats x, y, z, w, where w is 1.
+class g3d_Point {
+public:
+    constexpr g3d_Point() = default; ///< (0, 0, 0, 1)
+    constexpr g3d_Point(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}
+
+    constexpr float X() const { return x; }
+    constexpr float Y() const { return y; }
+    constexpr float Z() const { return z; }
+    constexpr float W() const { return w; }
+    constexpr float & X() { return x; }
+    constexpr float & Y() { return y; }
+    constexpr float & Z() { return z; }
+    constexpr float & W() { return w; }
+    constexpr float GetX() const { return x; }
+    constexpr float GetY() const { return y; }
+    constexpr float GetZ() const { return z; }
+    constexpr float GetW() const { return w; }
+
+    /// Sets x, y, z; w stays.
+    constexpr void Set(float xValue, float yValue, float zValue) {
+        x = xValue;
+        y = yValue;
+        z = zValue;
+    }
+
+private:
+    float x = 0, y = 0, z = 0, w = 1;
+};
+
+#endif

@@ -1,0 +1,44 @@
+#ifndef g3d_Vector_h
+#define g3d_Vector_h
+
+#include <cmath>
+
+/// A direction: three floats x, y, z.
+class g3d_Vector {
+public:
+    constexpr g3d_Vector() = default; ///< (0, 0, 0)
+    constexpr g3d_Vector(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}
+
+    constexpr float X() const { return x; }
+    constexpr float Y() const { return y; }
+    constexpr float Z() const { return z; }
+    constexpr float & X() { return x; }
+    constexpr float & Y() { return y; }
+    constexpr float & Z() { return z; }
+    constexpr float GetX() const { return x; }
+    constexpr float GetY() const { return y; }
+    constexpr float GetZ() const { return z; }
+
+    constexpr void Set(float xValue, float yValue, float zValue) {
+        x = xValue;
+        y = yValue;
+        z = zValue;
+    }
+
+    /// Scales to length 1. The length is formed in double, and each component is divided in double and narrowed, so
+    /// that no finite direction is too long or too short for it. The zero vector stays zero.
+    void Normalize() {
+        double const dx = x, dy = y, dz = z;
+        double const length = std::sqrt(dx * dx + dy * dy + dz * dz);
+        if (length == 0)
+            return;
+        x = static_cast<float>(dx / length);
+        y = static_cast<float>(dy / length);
+        z = static_cast<float>(dz / length);
+    }
+
+private:
+    float x = 0, y = 0, z = 0;
+};
+
+#endif

@@ -1,0 +1,27 @@
+#ifndef nex_PrimException_h
+#define nex_PrimException_h
+
+#include "QVRBasAtrStringMode.h"
+#include "nex_CommandException.h"
+
+/// The exception that fails a primitive operation. Its code is the template's number.
+template <class Text, int code> class QVRSHPCORE_API nex_PrimException : public nex_CommandException {
+public:
+    /// `text` is encoded as `mode` says.
+    explicit nex_PrimException(Text const & text, QVRBasStringMode mode = QVRBasStringMode())
+        : nex_CommandException(code), message(QVRBasAtrStringMode::ModalToUTF8(text, mode)) {}
+
+    atr_String JournalMessage(QVRBasStringMode mode) const override {
+        return QVRBasAtrStringMode::Utf8ToModal(message, mode);
+    }
+    [[noreturn]] void Propagate() const override { throw *this; }
+    QVRBasException * Clone() const override { return new nex_PrimException(*this); }
+    nex_Exception * Copy() const override { return new nex_PrimException(*this); }
+
+private:
+    Text message; ///< UTF-8
+};
+
+extern template class nex_PrimException<atr_String, 1>;
+
+#endif

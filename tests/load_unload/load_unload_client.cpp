@@ -1,0 +1,34 @@
+// A loadable module linked with the library, which comes and goes with it.
+
+#include "load_unload_client.h"
+
+#include "QVRShpCore_Module.h"
+#include "omi_Singleton.h"
+#include "shp_Shape.h"
+#include "shp_ShapeDictionary.h"
+#include "wip_WIP.h"
+
+namespace {
+
+/// Makes the message sink, too, and leaves it redirected.
+void useMessageSink() {
+    omi_Singleton<wip_WIP>::Instance().SetHandler(
+        [](atr_String const &, wip_errorLevelEnm, QVRBasStringMode, void *) {});
+}
+
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) load_unload_Report load_unload_use() {
+    QVRShpCore_Counters const c = QVRShpCore_counters();
+    load_unload_Report report = {
+        {c.moduleStartCount, c.specificStartCount, c.odiStartCount, c.shpStartCount, c.loadLevel, c.cEntryLevel},
+        0,
+        -1};
+    useMessageSink();
+    for (char const * label : {"C3D20R", "CAXA84", "C3D8C2", "S4R", "C3D4", "C3D5", "MASS"})
+        if (shp_Shape const * shape = omi_Singleton<shp_ShapeDictionary>::Instance().GetShape(label)) {
+            if (report.numShapes++ == 0)
+                report.firstShapeRef = static_cast<int>(shape->shapeRef);
+        }
+    return report;
+}
