@@ -44,14 +44,24 @@ std::string meshText(int cells, Model model) {
     return model == Model::solid ? side + "x" + side + "x" + side : side + "x" + side;
 }
 
-void printRow(int cells, Mesh const & mesh, NodalStress const & now, NodalStress const & coarser) {
-    std::printf("%12s %9d %9d %14.6g %14.6g", meshText(cells, mesh.model).c_str(), mesh.numElements(), mesh.numNodes,
-                now.largestError, now.rmsError);
-    if (coarser.stress.empty())
-        std::printf(" %10s %8s\n", "-", "-");
-    else
-        std::printf(" %10.2f %8.2f\n", std::log2(coarser.largestError / now.largestError),
-                    std::log2(coarser.rmsError / now.rmsError));
+/// Errors below this share of the pressure are those of rounding to float.
+constexpr double rounding = 1e-6;
+
+/// How fast an error falls from one mesh to the next: the exponent of the cell size.
+std::string orderText(double coarser, double finer, double pressure) {
+    if (finer < rounding * pressure)
+        return "rounding";
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f", std::log2(coarser / finer));
+    return text;
+}
+
+void printRow(int cells, Mesh const & mesh, NodalStress const & now, NodalStress const & coarser, double pressure) {
+    bool const isFirst = coarser.stress.empty();
+    std::printf("%12s %9d %9d %14.6g %14.6g %10s %9s\n", meshText(cells, mesh.model).c_str(), mesh.numElements(),
+                mesh.numNodes, now.largestError, now.rmsError,
+                isFirst ? "-" : orderText(coarser.largestError, now.largestError, pressure).c_str(),
+                isFirst ? "-" : orderText(coarser.rmsError, now.rmsError, pressure).c_str());
     std::fflush(stdout);
 }
 
@@ -62,15 +72,15 @@ void run(std::string const & label, shp_Topology const & shape, int coarsestCell
                 "internal pressure %g. Errors of the nodal stress against the exact solution:\n\n",
                 label.c_str(), shape.BaseNodesPerElem(), shape.BaseIntPtsPerElem(), cylinder.innerRadius,
                 cylinder.outerRadius, cylinder.height, cylinder.pressure);
-    std::printf("%12s %9s %9s %14s %14s %19s\n", "", "", "", "largest", "RMS", "observed order");
-    std::printf("%12s %9s %9s %14s %14s %10s %8s\n", "mesh", "elements", "nodes", "error", "error", "largest", "RMS");
+    std::printf("%12s %9s %9s %14s %14s %20s\n", "", "", "", "largest", "RMS", "observed order");
+    std::printf("%12s %9s %9s %14s %14s %10s %9s\n", "mesh", "elements", "nodes", "error", "error", "largest", "RMS");
 
     NodalStress coarser;
     int const finestCells = 4 * coarsestCells;
     for (int cells = coarsestCells; cells <= finestCells; cells *= 2) {
         Mesh const mesh = meshCylinder(cylinder, shape, cells);
         NodalStress result = recoverStress(cylinder, shape, mesh);
-        printRow(cells, mesh, result, coarser);
+        printRow(cells, mesh, result, coarser, cylinder.pressure);
         if (cells == finestCells)
             writeVtu(resultFile, mesh, cell, result);
         coarser = std::move(result);

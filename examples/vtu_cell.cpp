@@ -11,72 +11,43 @@ namespace {
 
 using Location = std::array<float, 3>;
 
-// Parametric coordinates of the cells' nodes as the file format documents them, row = node, each coordinate from 0
-// to 1. Cells of lower order have the leading rows.
+// Parametric coordinates of the cells' nodes as the file format documents them, each from 0 to 1, nodes in order.
+// Cells of lower order have the leading nodes.
+// clang-format off
 
-// Corners counter-clockwise, midsides from corner to corner, centre.
-constexpr Location triangleNodes[] = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0.5f, 0, 0}, {0.5f, 0.5f, 0}, {0, 0.5f, 0}};
-constexpr Location quadNodes[] = {{0, 0, 0},    {1, 0, 0},    {1, 1, 0},    {0, 1, 0},      {0.5f, 0, 0},
-                                  {1, 0.5f, 0}, {0.5f, 1, 0}, {0, 0.5f, 0}, {0.5f, 0.5f, 0}};
+constexpr Location triangleNodes[] = {
+    {0, 0, 0}, {1, 0, 0}, {0, 1, 0},                                      // corners
+    {0.5f, 0, 0}, {0.5f, 0.5f, 0}, {0, 0.5f, 0}};                         // midsides
 
-// Corners; midsides of the base triangle, then those towards the apex.
-constexpr Location tetraNodes[] = {{0, 0, 0},       {1, 0, 0},    {0, 1, 0},    {0, 0, 1},       {0.5f, 0, 0},
-                                   {0.5f, 0.5f, 0}, {0, 0.5f, 0}, {0, 0, 0.5f}, {0.5f, 0, 0.5f}, {0, 0.5f, 0.5f}};
+constexpr Location quadNodes[] = {
+    {0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0},                           // corners
+    {0.5f, 0, 0}, {1, 0.5f, 0}, {0.5f, 1, 0}, {0, 0.5f, 0},               // midsides
+    {0.5f, 0.5f, 0}};                                                     // centre
+
+constexpr Location tetraNodes[] = {
+    {0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1},                           // corners
+    {0.5f, 0, 0}, {0.5f, 0.5f, 0}, {0, 0.5f, 0},                          // midsides of the base
+    {0, 0, 0.5f}, {0.5f, 0, 0.5f}, {0, 0.5f, 0.5f}};                      // midsides to the apex
 
 constexpr Location hexNodes[] = {
-    // corners of the lower and of the upper face
-    {0, 0, 0},
-    {1, 0, 0},
-    {1, 1, 0},
-    {0, 1, 0},
-    {0, 0, 1},
-    {1, 0, 1},
-    {1, 1, 1},
-    {0, 1, 1},
-    // midsides of the lower face, of the upper face, of the edges between them
-    {0.5f, 0, 0},
-    {1, 0.5f, 0},
-    {0.5f, 1, 0},
-    {0, 0.5f, 0},
-    {0.5f, 0, 1},
-    {1, 0.5f, 1},
-    {0.5f, 1, 1},
-    {0, 0.5f, 1},
-    {0, 0, 0.5f},
-    {1, 0, 0.5f},
-    {1, 1, 0.5f},
-    {0, 1, 0.5f},
-    // face centres, low and high along each axis; centre
-    {0, 0.5f, 0.5f},
-    {1, 0.5f, 0.5f},
-    {0.5f, 0, 0.5f},
-    {0.5f, 1, 0.5f},
-    {0.5f, 0.5f, 0},
-    {0.5f, 0.5f, 1},
-    {0.5f, 0.5f, 0.5f}};
+    {0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0},                           // corners of the lower face
+    {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1},                           // of the upper face
+    {0.5f, 0, 0}, {1, 0.5f, 0}, {0.5f, 1, 0}, {0, 0.5f, 0},               // midsides of the lower face
+    {0.5f, 0, 1}, {1, 0.5f, 1}, {0.5f, 1, 1}, {0, 0.5f, 1},               // of the upper face
+    {0, 0, 0.5f}, {1, 0, 0.5f}, {1, 1, 0.5f}, {0, 1, 0.5f},               // of the edges between them
+    {0, 0.5f, 0.5f}, {1, 0.5f, 0.5f}, {0.5f, 0, 0.5f}, {0.5f, 1, 0.5f},   // centres of the sides
+    {0.5f, 0.5f, 0}, {0.5f, 0.5f, 1},                                     // of the lower and upper face
+    {0.5f, 0.5f, 0.5f}};                                                  // centre
 
 constexpr Location wedgeNodes[] = {
-    // corners of the lower and of the upper triangle
-    {0, 0, 0},
-    {1, 0, 0},
-    {0, 1, 0},
-    {0, 0, 1},
-    {1, 0, 1},
-    {0, 1, 1},
-    // midsides of the lower triangle, of the upper triangle, of the edges between them
-    {0.5f, 0, 0},
-    {0.5f, 0.5f, 0},
-    {0, 0.5f, 0},
-    {0.5f, 0, 1},
-    {0.5f, 0.5f, 1},
-    {0, 0.5f, 1},
-    {0, 0, 0.5f},
-    {1, 0, 0.5f},
-    {0, 1, 0.5f},
-    // centres of the sides
-    {0.5f, 0, 0.5f},
-    {0.5f, 0.5f, 0.5f},
-    {0, 0.5f, 0.5f}};
+    {0, 0, 0}, {1, 0, 0}, {0, 1, 0},                                      // corners of the lower triangle
+    {0, 0, 1}, {1, 0, 1}, {0, 1, 1},                                      // of the upper triangle
+    {0.5f, 0, 0}, {0.5f, 0.5f, 0}, {0, 0.5f, 0},                          // midsides of the lower triangle
+    {0.5f, 0, 1}, {0.5f, 0.5f, 1}, {0, 0.5f, 1},                          // of the upper triangle
+    {0, 0, 0.5f}, {1, 0, 0.5f}, {0, 1, 0.5f},                             // of the edges between them
+    {0.5f, 0, 0.5f}, {0.5f, 0.5f, 0.5f}, {0, 0.5f, 0.5f}};                // centres of the sides
+
+// clang-format on
 
 /// A family's cells: node count and type number of each, and the table for all of them.
 struct CellFamily {

@@ -66,8 +66,8 @@ public:
     int NumNodesPerElem() const { return numNodesPerElem; }             ///< nodes of the whole element
     int NumFacesPerElem() const { return numFacesPerElem; }             ///< a two-dimensional element has one face
     int NumFaceTriangles() const { return numFaceTriangles; }           ///< rows of FaceTriangles()
-    int BaseNodesPerElem() const { return baseNodesPerElem; }     ///< nodes of one plane: shape functions, at most 27
-    int BaseIntPtsPerElem() const { return baseIntPtsPerElem; }   ///< integration points of one plane
+    int BaseNodesPerElem() const { return baseNodesPerElem; }   ///< nodes of one plane: shape functions, at most 27
+    int BaseIntPtsPerElem() const { return baseIntPtsPerElem; } ///< integration points of one plane
     /// A shell or membrane: two isoparametric coordinates in three-dimensional space.
     bool Is3DShell() const { return numGeometryDimensions == 2 && numSpatialDimensions == 3; }
 
@@ -125,9 +125,7 @@ public:
     void GetCenterNodeWeights(float * weights) const;
     /// The shape functions' values at a face's centre, `[BaseNodesPerElem()]`; in two-dimensional space `face` is one
     /// of the element's edges. The array belongs to this object.
-    float const * GetFcCenterNodeWeights(int face) const {
-        return faceCenterNodeWeights + face * baseNodesPerElem;
-    }
+    float const * GetFcCenterNodeWeights(int face) const { return faceCenterNodeWeights + face * baseNodesPerElem; }
     /// Body weights from the node positions, one float per node; nothing for an element type without an operator.
     void BodyOp(uti_CoordCont3D const & coords, float * weights) const;
 
@@ -171,8 +169,7 @@ public:
     /// With the orders 1, 2 and 4 a row has BaseNodesPerElem() weights if these are fewer, and only as many of the k
     /// are used; `conn` must reach those. Rows follow one another without a gap, also when they are shorter than the
     /// element's.
-    void IntPtCoord(uti_CoordCont3D const & coords, int const * conn, uti_CoordCont3D & intPoints,
-                    int nodeOrder) const;
+    void IntPtCoord(uti_CoordCont3D const & coords, int const * conn, uti_CoordCont3D & intPoints, int nodeOrder) const;
 
     // From where a result stands to nodes and faces. Component c of point p stands at p * numComps + c, in and out.
     // With `numComps` below 1 nothing is written.
@@ -244,8 +241,8 @@ public:
     int const * nodesPerFaceTbl = nullptr;     ///< `[faces]`; own table of a CAXA element
     int const * intPtsPerFaceTbl = nullptr;    ///< `[faces]`; of a planar element, per edge
     int const * faceConnTbl = nullptr;         ///< `[faces][maxNodesPerFace]`; own table of a CAXA element
-    int const * edgeConnTbl = nullptr; ///< `[faces][maxEdgesPerFace][maxNodesPerEdge]`; own table of a CAXA element
-    int const * faceTriTbl = nullptr;  ///< `[numFaceTriangles][3]`
+    int const * edgeConnTbl = nullptr;    ///< `[faces][maxEdgesPerFace][maxNodesPerEdge]`; own table of a CAXA element
+    int const * faceTriTbl = nullptr;     ///< `[numFaceTriangles][3]`
     int const * reverseConnTbl = nullptr; ///< new entry i is old entry `reverseConnTbl[i]`
     int const * edgeMapTbl = nullptr;     ///< (face, edge slot) of each distinct edge
 
@@ -258,9 +255,9 @@ public:
     /// Own table: the shape functions at the face centres, `[faces][baseNodesPerElem]`; edges in two-dimensional space.
     float * faceCenterNodeWeights = nullptr;
 
-    float const * intPtLocationTable = nullptr; ///< `[numIntPtsPerElem][3]`; own table of a layered solid
-    float const * centerLocation = nullptr;     ///< `[3]`
-    float const * nodeLocationTable = nullptr;  ///< `[baseNodesPerElem][3]`
+    float const * intPtLocationTable = nullptr;      ///< `[numIntPtsPerElem][3]`; own table of a layered solid
+    float const * centerLocation = nullptr;          ///< `[3]`
+    float const * nodeLocationTable = nullptr;       ///< `[baseNodesPerElem][3]`
     float const * faceCenterLocationTable = nullptr; ///< `[faces][3]`; edges in two-dimensional space
 
     shp_ShapeFunction const * shapeFunctions = nullptr; ///< `[baseNodesPerElem]`

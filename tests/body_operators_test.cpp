@@ -172,7 +172,7 @@ TEST(BodyOperators, CollapsedHexahedraGiveTetrahedronAndPrismTheirOwnShares) {
 
         Nodes const prism = picked(corners, {1, 2, 4, 5, 6, 8});
         Weights const shares = weightsOf(PrismBodyOp, 6, picked(prism, {1, 2, 3, 1, 4, 5, 6, 4}));
-        // The same integrals with the triangle split at another edge.
+        // The same integrals with another corner of the triangle doubled.
         Weights const other = integrated(picked(prism, {1, 2, 3, 3, 4, 5, 6, 6}), uniform);
         expectNear(shares, {other[0], other[1], other[2] + other[3], other[4], other[5], other[6] + other[7]}, 1e-6);
     }

@@ -56,6 +56,7 @@ public:
     shp_Shape const & shape;
 
     bool is(int bit) const { return shape.options.IsType(bit); }
+    bool isShape(int family, int count) const { return is(family) && shape.options.NumNodes() == count; }
     int dimensions() const { return shape.NumGeometryDimensions(); }
     int faces() const { return shape.NumFacesPerElem(); }
     int nodes() const { return shape.BaseNodesPerElem(); }
@@ -134,6 +135,26 @@ private:
 };
 
 // The laws. Each answers for one element type.
+
+/// Face f of a solid, or edge f of an element of a two-dimensional model, has its centre in row f of the face centres.
+/// The sides of infinite elements have theirs somewhere in their plane or line.
+bool facesInOrderOfTheirCentres(Element const & element) {
+    bool const isSolid = element.dimensions() == 3;
+    if (!isSolid && element.shape.NumSpatialDimensions() == 3)
+        return element.faces() == 1;
+    int const count = isSolid ? element.faces() : element.shape.NumEdgesPerFace(0);
+    for (int f = 0; f < count; ++f) {
+        float const * row = element.shape.faceCenterLocationTable + 3 * f;
+        Vector const listed{row[0], row[1], row[2]};
+        Nodes const ends = isSolid ? element.corners(f) : Nodes{element.edge(0, f).front(), element.edge(0, f).back()};
+        Vector const normal =
+            isSolid ? element.area(ends) : cross(element.at(ends[1]) - element.at(ends[0]), Vector{0, 0, 1});
+        Vector const off = listed - element.middle(ends);
+        if (!isZero(dot(off, normal)) || (!element.is(shp_keyInfinite) && !isZero(length(off))))
+            return false;
+    }
+    return true;
+}
 
 /// A face lists its corners, the midside nodes of its edges, and perhaps its centre, in the order of its edges.
 bool faceFollowsItsEdges(Element const & element) {
@@ -333,13 +354,16 @@ bool facePointsWithinMaximum(Element const & element) {
     return *std::max_element(points, points + entries) <= element.shape.maxIntPtsPerFace;
 }
 
+using Holds = bool (*)(Element const &);
+
 struct Law {
     char const * name;
-    bool (*holds)(Element const &);
+    Holds holds;
     int fromDimension; ///< geometry dimensions that an element must have for the law to speak of it
 };
 
 constexpr Law laws[] = {
+    {"facesInOrderOfTheirCentres", facesInOrderOfTheirCentres, 2},
     {"faceFollowsItsEdges", faceFollowsItsEdges, 2},
     {"faceHasAllNodesOfItsPlane", faceHasAllNodesOfItsPlane, 3},
     {"facesOutward", facesOutward, 2},
@@ -355,19 +379,87 @@ constexpr Law laws[] = {
     {"facePointsWithinMaximum", facePointsWithinMaximum, 1},
 };
 
+/// Element types and the laws that each of them breaks.
 struct Exception {
-    bool (*holds)(Element const &);
-    bool (*types)(Element const &);
     char const * reason;
+    bool (*types)(Element const &);
+    std::array<Holds, 5> broken;
 };
-
-bool isShape(Element const & element, int shape, int nodes) {
-    return element.shape.options.Shape() == shape && element.shape.options.NumNodes() == nodes;
-}
 
 constexpr Exception exceptions[] = {
-    {nullptr, [](Element const & e) { return isShape(e, 1, 1); }, ""},
+    {"the infinite line's edge runs 0 2 1; its locations and its reversal are those of the other lines",
+     [](Element const & e) { return e.isShape(shp_keyLine, 3) && e.is(shp_keyInfinite); },
+     {midsideNodesAtMiddles, reversalTurnsInsideOut}},
+    {"numbered in two rows, but listed, cut and reversed as a ring",
+     [](Element const & e) { return e.is(shp_keyQuad) && e.is(shp_keyGasket); },
+     {faceFollowsItsEdges, trianglesFaceOutward, reversalTurnsInsideOut}},
+    {"the same with midside nodes: not even the area is right",
+     [](Element const & e) { return e.isShape(shp_keyQuad, 6) && e.is(shp_keyGasket); },
+     {trianglesCoverFaces}},
+    {"midside nodes on two opposite edges, cut as if they were on the other two",
+     [](Element const & e) { return e.isShape(shp_keyQuad, 6) && e.is(shp_keyPipeSoil); },
+     {trianglesFaceOutward, trianglesCoverFaces}},
+    {"nodes 4 and 5 have changed sides against the cylindrical element, whose triangles it has",
+     [](Element const & e) { return e.isShape(shp_keyQuad, 6) && e.is(shp_keyCohesive); },
+     {faceFollowsItsEdges, trianglesFaceOutward}},
+    {"the reversal leaves the midside nodes of the two sides that it exchanges where they are",
+     [](Element const & e) { return e.isShape(shp_keyQuad, 6) && (e.is(shp_keyCohesive) || e.is(shp_keyCylindrical)); },
+     {reversalTurnsInsideOut}},
+    {"the reversal exchanges the open side with the one opposite",
+     [](Element const & e) { return e.is(shp_keyQuad) && e.is(shp_keyInfinite); },
+     {reversalTurnsInsideOut}},
+    {"the points of the whole element are counted at its first edge",
+     [](Element const & e) { return e.isShape(shp_keyQuad, 5); },
+     {facePointsWithinMaximum}},
+    {"one face lists its midside nodes against the order of its edges; the reversal is that of another numbering",
+     [](Element const & e) { return e.is(shp_keyGasket) && (e.nodes() == 12 || e.nodes() == 18); },
+     {faceFollowsItsEdges, reversalTurnsInsideOut}},
+    {"midside nodes of the outer ring are listed, which has no edges; the reversal is that of another numbering",
+     [](Element const & e) { return e.isShape(shp_keyHex, 18) && e.is(shp_keyInfinite); },
+     {faceFollowsItsEdges, reversalTurnsInsideOut}},
+    {"the triangle 6 3 1 stands where 6 3 11 would close the side",
+     [](Element const & e) { return e.isShape(shp_keyHex, 18); },
+     {trianglesFaceOutward, trianglesCoverFaces, trianglesMeet}},
+    {"the reversal is that of the 20-node hexahedron, which has its midside nodes elsewhere",
+     [](Element const & e) { return e.isShape(shp_keyHex, 12) || e.isShape(shp_keyHex, 24); },
+     {reversalTurnsInsideOut}},
+    {"the triangle 7 24 19 names a node that the element does not have",
+     [](Element const & e) { return e.isShape(shp_keyHex, 24); },
+     {trianglesLieOnFaces, trianglesCoverFaces, trianglesMeet}},
+    {"numbered as the cylindrical hexahedron, but cut as the infinite one, with the edge map of the 20-node one",
+     [](Element const & e) { return e.isShape(shp_keyHex, 12) && e.is(shp_keyCohesive); },
+     {trianglesLieOnFaces, trianglesFaceOutward, trianglesCoverFaces, edgeMapNamesEachEdge}},
+    {"the edge map is that of closed hexahedra, and names slots without an edge",
+     [](Element const & e) { return e.is(shp_keyHex) && e.is(shp_keyInfinite); },
+     {edgeMapNamesEachEdge}},
+    {"the last two faces begin at other corners than those for which the edge map was made",
+     [](Element const & e) { return e.isShape(shp_keyHex, 27); },
+     {edgeMapNamesEachEdge}},
+    {"both ends are cut facing inwards, the side 2-0 is crossed; the reversal is that of the 15-node prism",
+     [](Element const & e) { return e.isShape(shp_keyPrism, 9); },
+     {trianglesLieOnFaces, trianglesFaceOutward, trianglesCoverFaces, trianglesMeet, reversalTurnsInsideOut}},
+    {"located with nodes 6 to 8 at midsides, not halfway up the edges; the edge map is that of the 15-node prism",
+     [](Element const & e) { return e.isShape(shp_keyPrism, 9) && e.is(shp_keyCohesive); },
+     {faceHasAllNodesOfItsPlane, midsideNodesAtMiddles, edgeMapNamesEachEdge}},
+    {"the triangles 14 14 5, 16 3 8 and 17 8 3",
+     [](Element const & e) { return e.isShape(shp_keyPrism, 18) && e.is(shp_keyCylindrical); },
+     {trianglesLieOnFaces, trianglesFaceOutward, trianglesCoverFaces, trianglesMeet}},
+    {"a reversal is defined for prisms of up to 15 nodes",
+     [](Element const & e) { return e.isShape(shp_keyPrism, 18); },
+     {reversalTurnsInsideOut}},
 };
+
+/// Whether the list says that `element` breaks the law; notes in `used` which entries say so.
+bool isExcepted(Element const & element, Holds law, std::set<Holds const *> & used) {
+    bool found = false;
+    for (Exception const & exception : exceptions)
+        for (Holds const & broken : exception.broken)
+            if (broken == law && exception.types(element)) {
+                found = true;
+                used.insert(&broken);
+            }
+    return found;
+}
 
 template <class Visit> void forEachElement(Visit visit) {
     shp_ShapeDictionary & dictionary = omi_Singleton<shp_ShapeDictionary>::Instance();
@@ -376,22 +468,143 @@ template <class Visit> void forEachElement(Visit visit) {
         visit(Element(*dictionary.GetShape(labels.CurrentKey())));
 }
 
+Element element(char const * label) {
+    return Element(*omi_Singleton<shp_ShapeDictionary>::Instance().GetShape(label));
+}
+
 } // namespace
 
-TEST(Connectivity, OfEveryLabelKeepsTheLawsThatNoExceptionIsMadeOf) {
-    std::set<Exception const *> used;
+TEST(Connectivity, OfEveryLabelKeepsEveryLawThatIsNotOnItsListOfExceptions) {
+    std::set<Holds const *> used;
     forEachElement([&](Element const & element) {
         for (Law const & law : laws) {
-            if (element.dimensions() < law.fromDimension)
-                continue;
-            bool isExcepted = false;
-            for (Exception const & exception : exceptions)
-                if (exception.holds == law.holds && exception.types(element)) {
-                    isExcepted = true;
-                    used.insert(&exception);
-                }
-            EXPECT_EQ(law.holds(element), !isExcepted) << element.shape.label.CStr() << " " << law.name;
+            bool const isKept = !isExcepted(element, law.holds, used);
+            if (element.dimensions() >= law.fromDimension) {
+                EXPECT_EQ(law.holds(element), isKept) << element.shape.label.CStr() << " " << law.name;
+            }
         }
     });
-    EXPECT_EQ(used.size(), std::size(exceptions));
+    for (Exception const & exception : exceptions)
+        for (Holds const & broken : exception.broken)
+            EXPECT_TRUE(broken == nullptr || used.count(&broken) == 1) << "no label for: " << exception.reason;
+}
+
+// Reads every slot, filler included: under AddressSanitizer a table that is shorter than its strides is found here.
+TEST(Connectivity, TablesAreAsLongAsTheirStridesSay) {
+    forEachElement([](Element const & element) {
+        shp_Shape const & shape = element.shape;
+        auto const isNode = [&](int node) { return node >= -1 && node < shape.NumNodesPerElem(); };
+        for (int f = 0; f < element.faces(); ++f) {
+            EXPECT_LE(shape.NumEdgesPerFace(f), shape.maxEdgesPerFace) << shape.label.CStr();
+            EXPECT_LE(shape.NumNodesPerFace(f), shape.maxNodesPerFace) << shape.label.CStr();
+            EXPECT_GE(shape.intPtsPerFaceTbl[f], 1) << shape.label.CStr();
+            for (int i = 0; i < shape.maxNodesPerFace; ++i)
+                EXPECT_TRUE(isNode(shape.FaceNodeIndex(f, i))) << shape.label.CStr();
+            for (int e = 0; e < shape.maxEdgesPerFace; ++e) {
+                EXPECT_LE(shape.NumNodesPerEdge(f, e), shape.maxNodesPerEdge) << shape.label.CStr();
+                for (int i = 0; i < shape.maxNodesPerEdge; ++i)
+                    EXPECT_TRUE(isNode(shape.EdgeNodeIndex(f, e, i))) << shape.label.CStr();
+            }
+        }
+    });
+}
+
+TEST(Connectivity, OfSeveralPlanesRepeatsTheSectionPlaneAfterPlane) {
+    int sections = 0;
+    forEachElement([&](Element const & element) {
+        shp_Shape const & shape = element.shape;
+        if (!element.is(shp_keyCaxa))
+            return;
+        ++sections;
+        int const planes = shape.options.Mode() + 1;
+        ASSERT_EQ(shape.NumNodesPerElem(), planes * element.nodes());
+        ASSERT_EQ(shape.NumNodesPerFace(0), shape.NumNodesPerElem());
+        for (int i = 0; i < shape.NumNodesPerElem(); ++i)
+            EXPECT_EQ(shape.FaceNodeIndex(0, i), i);
+        for (int e = 0; e < shape.NumEdgesPerFace(0); ++e) {
+            int const inPlane = shape.BaseNodesPerEdge(0, e);
+            ASSERT_EQ(shape.NumNodesPerEdge(0, e), planes * inPlane);
+            for (int i = 0; i < planes * inPlane; ++i)
+                EXPECT_EQ(shape.EdgeNodeIndex(0, e, i),
+                          shape.EdgeNodeIndex(0, e, i % inPlane) + i / inPlane * element.nodes());
+        }
+    });
+    EXPECT_EQ(sections, 48);
+}
+
+TEST(Connectivity, ReversedEdgeRunsTheOtherWay) {
+    forEachElement([](Element const & element) {
+        for (int f = 0; f < element.faces(); ++f)
+            for (int e = 0; e < element.shape.NumEdgesPerFace(f); ++e) {
+                Nodes turned = element.edge(f, e), expected(turned.rbegin(), turned.rend());
+                element.shape.ReverseEdgeConnectivity(turned.data(), f, e);
+                EXPECT_EQ(turned, expected) << element.shape.label.CStr();
+            }
+    });
+    // A slot without an edge: nothing is read or written.
+    element("C3D6").shape.ReverseEdgeConnectivity(nullptr, 0, 3);
+}
+
+TEST(Connectivity, ReversedFaceOfFirstOrderFacesTheOtherWay) {
+    forEachElement([](Element const & element) {
+        bool const isRing = element.dimensions() >= 2 && !element.is(shp_keyGasket) && !element.is(shp_keyCaxa);
+        if (element.shape.interpolationOrder != 1 || !isRing)
+            return;
+        for (int f = 0; f < element.faces(); ++f) {
+            Nodes face = element.face(f);
+            Vector const before = element.area(face);
+            element.shape.ReverseFaceConnectivity(face.data(), f);
+            EXPECT_TRUE(isZero(length(before + element.area(face)))) << element.shape.label.CStr();
+        }
+    });
+}
+
+TEST(Connectivity, ReversedFaceOfHigherOrderIsPermutedAsTheElement) {
+    Element const shell = element("S8R"), gasket = element("GKPE6");
+    Nodes face = shell.face(0);
+    shell.shape.ReverseFaceConnectivity(face.data(), 0);
+    EXPECT_EQ(face, shell.reversed());
+    // Two rows of three: only the first four entries change places, pair by pair.
+    face = gasket.face(0);
+    gasket.shape.ReverseFaceConnectivity(face.data(), 0);
+    EXPECT_EQ(face, (Nodes{1, 0, 3, 2, 4, 5}));
+}
+
+TEST(Connectivity, ReversalLeavesAnEntryAloneWhoseSourceTheElementDoesNotHave) {
+    EXPECT_EQ(element("CINPE5R").reversed(), (Nodes{3, 2, 1, 0, 4}));
+    EXPECT_EQ(element("GK3D18").reversed().at(16), 16);
+    EXPECT_EQ(element("CCL24").reversed().at(23), 23);
+}
+
+// What no law of geometry decides: at which corner a face begins. Stored results go by it.
+TEST(Connectivity, FacesBeginAtTheCornersThatStoredResultsKnow) {
+    EXPECT_EQ(element("C3D8").face(4), (Nodes{3, 7, 6, 2}));
+    EXPECT_EQ(element("C3D8").face(5), (Nodes{4, 7, 3, 0}));
+    EXPECT_EQ(element("C3D20").face(5), (Nodes{4, 7, 3, 0, 15, 19, 11, 16}));
+    EXPECT_EQ(element("C3D27").face(4), (Nodes{2, 3, 7, 6, 10, 19, 14, 18, 25}));
+    EXPECT_EQ(element("C3D27").face(5), (Nodes{3, 0, 4, 7, 11, 16, 15, 19, 26}));
+    EXPECT_EQ(element("CCL24").face(2), (Nodes{1, 5, 4, 0, 9, 16, 8, 12, 20}));
+    EXPECT_EQ(element("CIN3D8").face(5), (Nodes{4, 5, 6, 7}));
+    EXPECT_EQ(element("GK3D18").face(5), (Nodes{8, 11, 3, 0, 15, 7}));
+    EXPECT_EQ(element("ACIN2D3").face(0), (Nodes{0, 2, 1}));
+    EXPECT_EQ(element("GK2D2").face(0), (Nodes{0, 1}));
+}
+
+TEST(Connectivity, OfAnUnknownCombinationIsNull) {
+    unsigned int const hexOfNineNodes[] = {shp_keyHex, shp_keyNodes9, shp_key3D};
+    LongKey key;
+    key.setBits(3, hexOfNineNodes);
+    shp_Options const hex(key), nothing{LongKey()};
+    for (auto const * options : {&hex, &nothing}) {
+        int numTriangles = 7;
+        EXPECT_EQ(shp_ConnectivityTables::getFaceTriTblPtr(*options, numTriangles), nullptr);
+        EXPECT_EQ(numTriangles, 0);
+        EXPECT_EQ(shp_ConnectivityTables::getNdPerEdgTblPtr(*options), nullptr);
+        EXPECT_EQ(shp_ConnectivityTables::getNdPerFcTblPtr(*options), nullptr);
+        EXPECT_EQ(shp_ConnectivityTables::getIpPerFcTblPtr(*options), nullptr);
+        EXPECT_EQ(shp_ConnectivityTables::getFaceConnTblPtr(*options), nullptr);
+        EXPECT_EQ(shp_ConnectivityTables::getEdgeConnTblPtr(*options), nullptr);
+    }
+    EXPECT_NE(shp_ConnectivityTables::getEdgPerFcTblPtr(hex), nullptr);
+    EXPECT_EQ(shp_ConnectivityTables::getRevConnTblPtr(nothing), nullptr);
 }

@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <map>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>

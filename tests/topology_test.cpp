@@ -1,6 +1,7 @@
 // Counts, flags and tables of shp_Topology, and the tables that it makes for itself.
 
 #include "omi_BtreeIterator.h"
+#include "shp_InterpolationTables.h"
 #include "shp_KeyBit.h"
 #include "shp_Shape.h"
 #include "shp_ShapeDictionary.h"
@@ -17,9 +18,13 @@
 
 namespace {
 
-shp_ShapeDictionary & dictionary() { return omi_Singleton<shp_ShapeDictionary>::Instance(); }
+shp_ShapeDictionary & dictionary() {
+    return omi_Singleton<shp_ShapeDictionary>::Instance();
+}
 
-shp_Shape const & shapeOf(char const * label) { return *dictionary().GetShape(label); }
+shp_Shape const & shapeOf(char const * label) {
+    return *dictionary().GetShape(label);
+}
 
 template <class Check> void forEachLabel(Check check) {
     omi_BtreeIterator<cow_String, void *> labels(dictionary().Keys());
@@ -188,8 +193,7 @@ struct LayeredSolid {
     std::vector<int> sides; ///< faces around the stacking direction, in the order in which they take node rows
 
     explicit LayeredSolid(shp_Topology const & t)
-        : solid(t), section(sectionKey(t)),
-          stackAxis(t.options.Shape() == shp_keyPrism ? 2 : t.options.Mode() - 1) {
+        : solid(t), section(sectionKey(t)), stackAxis(t.options.Shape() == shp_keyPrism ? 2 : t.options.Mode() - 1) {
         int const orderOfSides[3][4] = {{0, 4, 1, 2}, {0, 3, 1, 5}, {2, 3, 4, 5}};
         sides.assign(orderOfSides[stackAxis], orderOfSides[stackAxis] + t.NumFacesPerElem() - 2);
     }
@@ -226,9 +230,7 @@ struct LayeredSolid {
 
     std::vector<float> nodeRow(int node) const { return rowOf(solid.nodeWeights, node, solid.numIntPtsPerElem); }
     std::vector<float> faceRow(int face) const { return rowOf(solid.faceWeights, face, solid.numIntPtsPerElem); }
-    std::vector<float> sectionRow(int node) const {
-        return rowOf(section.nodeWeights, node, solid.numIntPtsPerElem);
-    }
+    std::vector<float> sectionRow(int node) const { return rowOf(section.nodeWeights, node, solid.numIntPtsPerElem); }
     bool isCap(int face) const { return std::abs(solid.faceCenterLocationTable[3 * face + stackAxis]) == 1; }
 };
 
@@ -258,7 +260,8 @@ TEST(LayeredTables, CarryTheCrossSectionAlongTheStackingDirection) {
         for (int face = 0; face < t.NumFacesPerElem(); ++face) {
             EXPECT_EQ(layered.isCap(face), !std::count(layered.sides.begin(), layered.sides.end(), face));
             if (layered.isCap(face)) {
-                EXPECT_EQ(layered.faceRow(face), rowOf(layered.section.faceWeights, 0, t.numIntPtsPerElem));
+                EXPECT_EQ(layered.faceRow(face),
+                          rowOf(shp_InterpolationTables::getFcWghtTblPtr(t.options), 0, t.numIntPtsPerElem));
             }
         }
     });
@@ -320,8 +323,8 @@ TEST(Reversal, OfFacesAndEdgesFollowsTheElementType) {
     std::vector<int> edge = {7, 8, 9};
     shapeOf("C3D20").ReverseEdgeConnectivity(edge.data(), 0, 0);
     EXPECT_EQ(edge, (std::vector<int>{9, 8, 7}));
-    shapeOf("CIN3D8").ReverseEdgeConnectivity(edge.data(), 5, 0); // no such edge
-    EXPECT_EQ(edge[0], 9);
+    shapeOf("C3D6").ReverseEdgeConnectivity(edge.data(), 0, 3); // a triangle has no fourth edge
+    EXPECT_EQ(edge, (std::vector<int>{9, 8, 7}));
 }
 
 TEST(HandMadeKeys, WithoutAShapeGiveAnEmptyTopology) {
@@ -360,8 +363,7 @@ TEST(HandMadeKeys, WithAForeignSetOfFunctionsWriteNoMoreThanTheirNodes) {
 
 TEST(HandMadeKeys, WithALayerDirectionThatDoesNotExistKeepZeroWeights) {
     for (unsigned int mode : {unsigned{shp_keyZero}, unsigned{shp_keyMode4}}) {
-        shp_Topology const t(
-            keyOf({shp_keyHex, shp_keyNodes8, shp_keyIntPts4, shp_key3D, shp_keyLayeredSolid, mode}));
+        shp_Topology const t(keyOf({shp_keyHex, shp_keyNodes8, shp_keyIntPts4, shp_key3D, shp_keyLayeredSolid, mode}));
         EXPECT_EQ(t.nodeWeights, t.layeredNodeWeights);
         EXPECT_TRUE(std::all_of(t.nodeWeights, t.nodeWeights + 8 * 4, [](float w) { return w == 0; }));
     }

@@ -29,7 +29,7 @@ bool failsNow(std::size_t) { return --allocationsUntilFailure == 0; }
 shp_ShapeDictionary & dictionary() { return omi_Singleton<shp_ShapeDictionary>::Instance(); }
 
 /// True if the request failed for want of memory at its n-th allocation, false if it succeeded before that.
-bool requestFailsAt(int n, char const * label) {
+bool requestFailsAt(int n, cow_String const & label) {
     allocationsUntilFailure = n;
     mem_SetFailureHook(failsNow);
     bool failed = false;

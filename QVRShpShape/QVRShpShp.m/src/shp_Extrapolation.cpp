@@ -12,7 +12,9 @@
 
 namespace {
 
-std::size_t product(int a, int b) { return static_cast<std::size_t>(a) * static_cast<std::size_t>(b); }
+std::size_t product(int a, int b) {
+    return static_cast<std::size_t>(a) * static_cast<std::size_t>(b);
+}
 
 /// The nearest finite float; not-a-number stays.
 float narrow(double sum) {
@@ -88,10 +90,14 @@ void repeatPoint(float const * values, int numRows, int numComps, float * out) {
         out = std::copy_n(values, numComps, out);
 }
 
-void zero(float * out, int numRows, int numComps) { std::fill_n(out, product(numRows, numComps), 0.0f); }
+void zero(float * out, int numRows, int numComps) {
+    std::fill_n(out, product(numRows, numComps), 0.0f);
+}
 
 /// 180 degrees in `intervals` equal steps, in float.
-float stepOf(int intervals) { return 180.0f / static_cast<float>(intervals); }
+float stepOf(int intervals) {
+    return 180.0f / static_cast<float>(intervals);
+}
 
 /// Room for one plane's values: on the stack as long as they fit.
 class PlaneScratch {

@@ -160,9 +160,13 @@ NodeOrder const * rearrangement(int nodeOrder) {
 
 } // namespace
 
-void shp_Topology::GetNodeIsoCoords(int node, float * iso) const { std::copy_n(nodeLocationTable + 3 * node, 3, iso); }
+void shp_Topology::GetNodeIsoCoords(int node, float * iso) const {
+    std::copy_n(nodeLocationTable + 3 * node, 3, iso);
+}
 
-void shp_Topology::IsoParCentroidLocation(float (&iso)[3]) const { std::copy_n(centerLocation, 3, iso); }
+void shp_Topology::IsoParCentroidLocation(float (&iso)[3]) const {
+    std::copy_n(centerLocation, 3, iso);
+}
 
 void shp_Topology::CalculateNodesShapeWeight(float const * iso, float * weights) const {
     valuesAt(*this, iso[0], iso[1], iso[2], weights);
@@ -174,8 +178,8 @@ void shp_Topology::CalculateCylindricalCentroidWeights(float const *, float * we
 }
 
 void shp_Topology::GetCenterNodeWeights(float * weights) const {
-    bool const hasOwnTable = isCylindrical && numGeometryDimensions == 3 &&
-                             (numNodesPerElem == 9 || numNodesPerElem == 12);
+    bool const hasOwnTable =
+        isCylindrical && numGeometryDimensions == 3 && (numNodesPerElem == 9 || numNodesPerElem == 12);
     if (hasOwnTable)
         CalculateCylindricalCentroidWeights(centerLocation, weights);
     else if (centerLocation)

@@ -62,7 +62,9 @@ constexpr shp_Choice<ShapeNumbers> shapeNumbers[] = {
 };
 // clang-format on
 
-ShapeNumbers numbersOfShape(shp_Options const & options) { return shp_firstFit(shapeNumbers, options); }
+ShapeNumbers numbersOfShape(shp_Options const & options) {
+    return shp_firstFit(shapeNumbers, options);
+}
 
 /// An infinite quadrilateral has no edge towards infinity.
 constexpr shp_Choice<int> edgeCounts[] = {
@@ -93,7 +95,9 @@ int orderOfInterpolation(shp_Options const & options, int usual) {
 }
 
 /// The functions of a set that an element of `nodes` nodes calls.
-int usableFunctions(shp_FunctionSet const * set, int nodes) { return set ? std::min(set->count, nodes) : 0; }
+int usableFunctions(shp_FunctionSet const * set, int nodes) {
+    return set ? std::min(set->count, nodes) : 0;
+}
 
 /// The set's evaluator when it writes neither more nor less than one float for each node.
 shp_FunctionEvaluator wholeSet(shp_FunctionSet const * set, int nodes) {
@@ -124,7 +128,9 @@ void swapPairs(shp_Topology const &, int * conn, int) {
     std::swap(conn[2], conn[3]);
 }
 
-void permuteAsElement(shp_Topology const & topology, int * conn, int) { topology.ReverseElemConnectivity(conn); }
+void permuteAsElement(shp_Topology const & topology, int * conn, int) {
+    topology.ReverseElemConnectivity(conn);
+}
 
 } // namespace
 
@@ -311,8 +317,7 @@ void shp_Topology::buildIntPointNodeWeights() {
         constexpr int rowLength = 20;
         shp_Options serendipity(options);
         serendipity.SetNumNodes(rowLength);
-        evaluateRows(shp_valueSet(serendipity), intPtLocationTable, baseIntPtsPerElem, rowLength,
-                     intPointNodeWeights);
+        evaluateRows(shp_valueSet(serendipity), intPtLocationTable, baseIntPtsPerElem, rowLength, intPointNodeWeights);
     }
 }
 

@@ -40,7 +40,9 @@ constexpr shp_Choice<NodeMap> nodeMaps[] = {
 };
 // clang-format on
 
-NodeMap stackedNodes(shp_Options const & options) { return shp_firstFit(nodeMaps, options); }
+NodeMap stackedNodes(shp_Options const & options) {
+    return shp_firstFit(nodeMaps, options);
+}
 
 /// Faces across the stacking direction, then around it; row = direction.
 struct FaceMap {
