@@ -6,11 +6,8 @@
 #include "mem_Allocator.h"
 #include "mem_OutOfMemoryException.h"
 #include "omi_Singleton.h"
-#include "shp_ShapeDictionary.h"
 
 #include <gtest/gtest.h>
-
-#include <malloc.h>
 
 #include <cstring>
 #include <limits>
@@ -21,10 +18,6 @@ namespace {
 
 constexpr std::size_t tooMuch = std::numeric_limits<std::size_t>::max();
 
-int allocationsToGo = 0;
-bool refuseAtZero(std::size_t) {
-    return allocationsToGo-- == 0;
-}
 bool refuseAll(std::size_t) {
     return true;
 }
@@ -134,29 +127,6 @@ TEST(SingletonRegistry, NamesAreCopiedAndUnique) {
     name[0] = 'a';
     registry.Remove(name);
     EXPECT_EQ(registry.Find(name), nullptr);
-}
-
-TEST(Dictionary, FailedConstructionLeaksNothingAndFinalizeAllowsAnother) {
-    omi_Singleton<shp_ShapeDictionary>::Instance();
-    omi_SingletonBase<shp_ShapeDictionary>::Finalize(); // blocks that the C library keeps at hand count as used
-    std::size_t const before = mallinfo2().uordblks;
-    bool isBuilt = false;
-    int refusals = 0;
-    while (!isBuilt) {
-        allocationsToGo = refusals;
-        mem_SetFailureHook(refuseAtZero);
-        try {
-            omi_Singleton<shp_ShapeDictionary>::Instance();
-            isBuilt = true;
-        } catch (mem_OutOfMemoryException const &) {
-            refusals = refusals < 20 ? refusals + 1 : refusals + 97;
-        }
-        mem_SetFailureHook(nullptr);
-        omi_SingletonBase<shp_ShapeDictionary>::Finalize();
-        ASSERT_EQ(mallinfo2().uordblks, before) << "after " << refusals << " allocations";
-    }
-    EXPECT_GT(refusals, 862);
-    EXPECT_TRUE(omi_Singleton<shp_ShapeDictionary>::Instance().Keys().IsMember("C3D8"));
 }
 
 } // namespace

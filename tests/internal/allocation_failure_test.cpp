@@ -89,6 +89,36 @@ INSTANTIATE_TEST_SUITE_P(Families, AllocationFailure,
                          testing::Values("ARSR", "MASS", "B32", "STRI65", "S8R", "C3D10M", "C3D5", "C3D15", "C3D20R",
                                          "CAXA82", "C3D8C2"));
 
+/// True if the dictionary's construction failed for want of memory at its n-th allocation.
+static bool constructionFailsAt(int n) {
+    allocationsUntilFailure = n;
+    mem_SetFailureHook(failsNow);
+    bool failed = false;
+    try {
+        dictionary();
+    } catch (mem_OutOfMemoryException const &) {
+        failed = true;
+    }
+    mem_SetFailureHook(nullptr);
+    return failed;
+}
+
+TEST(AllocationFailure, OfTheDictionaryLeavesNothingBehindAndFinalizeAllowsAnother) {
+    omi_SingletonBase<shp_ShapeDictionary>::Finalize();
+    int const before = liveBlocks;
+    int n = 1;
+    // Every one of the first allocations, then each 97th of the many alike.
+    while (constructionFailsAt(n)) {
+        omi_SingletonBase<shp_ShapeDictionary>::Finalize();
+        ASSERT_EQ(liveBlocks, before) << "allocation " << n;
+        n += n < 20 ? 1 : 97;
+    }
+    EXPECT_GT(n, 862);
+    EXPECT_TRUE(dictionary().Keys().IsMember("C3D8"));
+    omi_SingletonBase<shp_ShapeDictionary>::Finalize();
+    EXPECT_EQ(liveBlocks, before);
+}
+
 TEST(AllocationFailure, OfABuiltLabelHappensOnlyAtTheUpperCasedCopy) {
     dictionary().GetShape("C3D20R");
     int failures = 0;
