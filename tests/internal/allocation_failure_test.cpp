@@ -104,6 +104,7 @@ static bool constructionFailsAt(int n) {
 }
 
 TEST(AllocationFailure, OfTheDictionaryLeavesNothingBehindAndFinalizeAllowsAnother) {
+    dictionary(); // the registry keeps the room that it once had
     omi_SingletonBase<shp_ShapeDictionary>::Finalize();
     int const before = liveBlocks;
     int n = 1;

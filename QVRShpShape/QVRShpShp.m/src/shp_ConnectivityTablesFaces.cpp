@@ -33,7 +33,7 @@ namespace {
 ///             0--[4]--1
 constexpr int faceConnIdentity[] = {0, 1, 2, 3, 4, 5, 6, 7, 8};
 
-/// The infinite line's node 1 points at infinity: it comes last.
+/// The 3-node infinite line counts its ends first.
 constexpr int faceConnLine3Infinite[] = {0, 2, 1};
 
 /// Tetrahedron; corner 0 at the origin, 1, 2, 3 on the axes g, h, r. Midside nodes: 4 (0-1), 5 (1-2), 6 (2-0),

@@ -21,7 +21,10 @@ constexpr int reversalQuad6[] = {1, 0, 3, 2, 4, 5};
 constexpr int reversalQuad[] = {3, 2, 1, 0, 6, 5, 4, 7, 8};
 constexpr int reversalTetra[] = {2, 1, 0, 3, 5, 4, 6, 9, 8, 7};
 constexpr int reversalHex8[] = {0, 3, 2, 1, 4, 7, 6, 5};
-constexpr int reversalHex[] = {2, 1, 0, 3, 6, 5, 4, 7, 9, 8, 11, 10, 13, 12, 15, 14, 18, 17, 16, 19, 20, 21, 22, 24, 23, 26, 25};
+constexpr int reversalHex[] = {
+    2, 1, 0, 3, 6, 5, 4, 7, 9, 8, 11, 10, 13, 12, 15, 14, 18, 17, 16, 19,
+    20, 21, 22, 24, 23, 26, 25,
+};
 // Defined for 15 nodes; the three entries behind them keep the nodes of a longer prism where they are.
 constexpr int reversalPrism[] = {0, 2, 1, 3, 5, 4, 8, 7, 6, 11, 10, 9, 12, 14, 13, 15, 16, 17};
 constexpr int reversalPyramid[] = {0, 3, 2, 1, 4};

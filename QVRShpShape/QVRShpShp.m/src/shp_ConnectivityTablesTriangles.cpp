@@ -42,6 +42,7 @@ constexpr int trianglesPrism6[] = {
     0, 2, 1,  4, 5, 3,  0, 1, 4,  0, 4, 3,
     1, 2, 5,  1, 5, 4,  0, 3, 2,  3, 5, 2,
 };
+// Both ends face inwards, and 6 4 8 reaches across the side 2-0. Stored intersections were made with it.
 constexpr int trianglesPrism9[] = {
     0, 1, 2,  3, 5, 4,  0, 1, 6,  1, 7, 6,
     6, 7, 3,  7, 4, 3,  1, 2, 7,  7, 2, 8,
@@ -74,6 +75,7 @@ constexpr int trianglesPrism18[] = {
      0, 12, 17,   3, 17, 12,   0, 17,  8,   3, 11, 17,
      2,  8, 17,   5, 17, 11,   2, 17, 14,   5, 14, 17,
 };
+// 14 14 5 has no area, and 16 3 8 and 17 8 3 name corner 3 where corner 2 would close the sides: these stay too.
 constexpr int trianglesPrism18Cyl[] = {
      0, 11,  9,   9, 10,  1,   9, 11, 10,  11,  2, 10,
      3, 12, 14,  12,  4, 13,  12, 13, 14,  14, 14,  5,
@@ -90,6 +92,7 @@ constexpr int trianglesHex8[] = {
     0, 1, 5,  0, 5, 4,  1, 2, 6,  1, 6, 5,
     3, 6, 2,  3, 7, 6,  0, 7, 3,  4, 7, 0,
 };
+// Made for the infinite element; the cohesive one, with its nodes 4 to 7 at the other end, has the same rows.
 constexpr int trianglesHex12[] = {
      0,  7,  4,   7,  3,  6,   6,  2,  5,   4,  5,  1,
      7,  6,  4,   4,  6,  5,   8,  9, 10,   8, 10, 11,
@@ -104,6 +107,7 @@ constexpr int trianglesHex12Cyl[] = {
      2,  3, 10,  10,  3, 11,  10, 11,  6,   6, 11,  7,
      3,  0, 11,  11,  0,  8,  11,  8,  7,   7,  8,  4,
 };
+// 6 3 1 leaves a gap in the side 2-3 (node 11 would close it): results on file were cut so.
 constexpr int trianglesHex18[] = {
      1,  4,  5,   4,  0,  7,   7,  3,  6,   5,  6,  2,
      4,  6,  5,   4,  7,  6,   8, 12, 15,  12,  9, 13,
@@ -138,6 +142,8 @@ constexpr int trianglesHex27[] = {
      3, 11, 26,  11,  0, 26,   3, 26, 19,   0, 16, 26,
     19, 26,  7,  26, 16,  4,   7, 26, 15,  26,  4, 15,
 };
+// 7 24 19 names a node that the element does not have (23 would close the side): results on file were cut so. Whoever
+// walks these triangles must not read a 25th node.
 constexpr int trianglesHex24[] = {
      0, 15, 12,  12, 13,  1,  12, 15, 13,  15,  3, 14,
     13, 14,  2,  15, 14, 13,   4, 16, 19,  16,  5, 17,

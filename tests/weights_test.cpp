@@ -1,0 +1,417 @@
+// The weight tables of all element types, held against the locations of nodes, faces and integration points. Where a
+// table breaks a law, the lists below say so with the reason, and the law must then really be broken.
+
+#include "omi_BtreeIterator.h"
+#include "shp_HexInterpTables.h"
+#include "shp_InterpolationTables.h"
+#include "shp_KeyBit.h"
+#include "shp_Shape.h"
+#include "shp_ShapeDictionary.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Vector = std::array<double, 3>;
+
+Vector row(float const * table, int index) {
+    return {table[3 * index], table[3 * index + 1], table[3 * index + 2]};
+}
+
+double distance(Vector const & a, Vector const & b) {
+    return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
+}
+
+void forEachShape(std::function<void(std::string const & label, shp_Shape const & shape)> const & visit) {
+    shp_ShapeDictionary const & dictionary = omi_Singleton<shp_ShapeDictionary>::Instance();
+    omi_BtreeIterator<cow_String, void *> it(dictionary.Keys());
+    for (bool isEntry = it.First(); isEntry; isEntry = it.Next())
+        visit(it.CurrentKey().CStr(), *dictionary.GetShape(it.CurrentKey()));
+}
+
+shp_Shape const & shapeOf(char const * label) {
+    return *omi_Singleton<shp_ShapeDictionary>::Instance().GetShape(label);
+}
+
+shp_Options optionsOf(std::vector<unsigned int> const & bits) {
+    LongKey key;
+    key.setBits(static_cast<unsigned int>(bits.size()), bits.data());
+    return shp_Options(key);
+}
+
+/// Element types by what their key says; an empty condition holds for all.
+struct Kind {
+    int family = -1;
+    std::vector<int> nodes = {};
+    std::vector<int> points = {};
+    std::vector<int> with = {};    ///< all of these bits
+    std::vector<int> without = {}; ///< none of these bits
+    int mode = -1;
+    std::vector<int> faces = {};
+
+    bool holds(shp_Shape const & shape, int face = -1) const {
+        auto const isOneOf = [](std::vector<int> const & numbers, int number) {
+            return numbers.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end();
+        };
+        auto const isSet = [&](int bit) { return shape.options.IsType(bit); };
+        return shape.options.Shape() == family && isOneOf(nodes, shape.options.NumNodes()) &&
+               isOneOf(points, shape.options.NumIntPnts()) && std::all_of(with.begin(), with.end(), isSet) &&
+               std::none_of(without.begin(), without.end(), isSet) && (mode < 0 || mode == shape.options.Mode()) &&
+               isOneOf(faces, face);
+    }
+};
+
+/// What every row of weights promises: to sum to 1, and to carry a field that is linear in g, h or r exactly from the
+/// points to the row's target, in each direction in which the points differ.
+enum Law { sum = 1, alongG = 2, alongH = 4, alongR = 8 };
+
+struct Exception {
+    Kind kind;
+    int broken;
+    char const * reason;
+};
+
+Exception const nodeWeightExceptions[] = {
+    {{shp_keyLine, {2}, {2}, {}, {shp_keyNodalIntegration}}, sum | alongG, "rows of three are read two wide"},
+    {{shp_keyLine, {3}, {3}, {shp_keyAxisymmetric}, {shp_keyNodalIntegration}}, alongG, "middle node's row last"},
+    {{shp_keyTri, {6}, {3}, {shp_keyModified}}, alongG | alongH, "not linear through its points"},
+    {{shp_keyTri, {6}, {6}, {}, {shp_keyNodalIntegration}}, alongG | alongH, "six point rule does not extrapolate"},
+    {{shp_keyQuad, {6}, {3}, {shp_keyCylindrical}}, sum | alongH, "1.47788 for 1.47883"},
+    {{shp_keyQuad, {9}, {6}, {shp_keyCylindrical}}, alongG, "linear through other points in g"},
+    {{shp_keyTetra, {10}, {4}, {shp_keyModified}}, alongG | alongH | alongR, "not linear through its points"},
+    {{shp_keyHex, {8}, {8}, {shp_keyInfinite}}, alongR, "far nodes at r = 0 take the rows of r = 1"},
+    {{shp_keyHex, {18}, {18}, {shp_keyInfinite}}, alongR, "point levels -0.789 and -0.211 in three digits"},
+    {{shp_keyPrism, {6}, {6}, {}, {shp_keyNodalIntegration}},
+     sum | alongG | alongH | alongR,
+     "rows of eighteen are read six wide"},
+    {{shp_keyPrism, {9}, {3}, {shp_keyCohesive}}, alongG | alongH, "third ring of nodes located at midsides"},
+    {{shp_keyPyramid, {5}, {5}}, alongG | alongH, "not linear through its points"},
+};
+
+Exception const faceWeightExceptions[] = {
+    {{shp_keyLine, {2}, {3}, {shp_keyNodalIntegration}}, sum, "row of three is read two wide"},
+    {{shp_keyQuad, {9}, {6}, {shp_keyCylindrical}}, sum | alongH, "larger weights on the last level"},
+    {{shp_keyQuad, {9}, {9}, {shp_keyNodalIntegration}}, alongH, "row in tensor order, points in node order"},
+    {{shp_keyTetra, {10}, {15}}, sum | alongG | alongH | alongR, "row made for another order of points"},
+    {{shp_keyTetra, {10}, {4}, {shp_keyModified}}, alongG | alongH | alongR, "rows of the unmodified points"},
+    {{shp_keyHex, {8, 12}, {8}, {shp_keyInfinite}}, alongR, "rows of a finite hexahedron"},
+    {{shp_keyHex, {18}, {18}, {shp_keyInfinite}}, alongR, "sides midway, not at the pole's -1/3"},
+    {{shp_keyHex, {18}, {9}, {shp_keyGasket}}, alongG | alongH, "three sides take other points than theirs"},
+    {{shp_keyHex, {8}, {8}, {shp_keyCornerLumped}}, alongG | alongH | alongR, "Gauss rows on corner points"},
+    {{shp_keyHex, {20}, {8}}, alongG | alongH | alongR, "values of the 14-point rule"},
+    {{shp_keyHex, {27}, {5}, {shp_keyLayeredSolid}, {}, 1}, sum | alongH | alongR, "caps: nine weights, five points"},
+    {{shp_keyHex, {27}, {5}, {shp_keyLayeredSolid}, {}, 2}, sum | alongG | alongR, "caps: nine weights, five points"},
+    {{shp_keyHex, {27}, {5}, {shp_keyLayeredSolid}, {}, 3}, sum | alongG | alongH, "caps: nine weights, five points"},
+    {{shp_keyHex, {8}, {4}, {shp_keyLayeredSolid}, {}, 1}, alongH | alongR, "sides from node rows s and s + 1"},
+    {{shp_keyHex, {8}, {4}, {shp_keyLayeredSolid}, {}, 2}, alongR, "sides from node rows s and s + 1"},
+    {{shp_keyHex, {20, 27}, {4, 9}, {shp_keyLayeredSolid}, {}, 1}, alongH | alongR, "sides from node rows 4 and up"},
+    {{shp_keyHex, {20, 27}, {4, 9}, {shp_keyLayeredSolid}, {}, 2}, alongG | alongR, "sides from node rows 4 and up"},
+    {{shp_keyHex, {20, 27}, {4, 9}, {shp_keyLayeredSolid}, {}, 3}, alongG | alongH, "sides from node rows 4 and up"},
+    {{shp_keyPrism, {6}, {6}, {}, {shp_keyNodalIntegration}}, alongG | alongH | alongR, "plain means of skew points"},
+    {{shp_keyPrism, {15, 18}, {3}, {shp_keyLayeredSolid}}, alongG | alongH, "sides from node rows 3 and up"},
+    {{shp_keyPyramid, {5}, {5}}, alongG | alongH, "not linear through its points"},
+};
+
+/// Tables that are read with a number of points other than their own: sum alone is asked of them.
+Exception const faceNodeWeightExceptions[] = {
+    {{shp_keyLine, {2}}, sum, "rows of three, two points"},
+    {{shp_keyLine, {3}, {1, 3}}, sum, "rows of three, two points"},
+    {{shp_keyTri, {3}}, sum, "rows of three, one or two points"},
+    {{shp_keyTri, {6}, {1, 3}, {shp_key2D}}, sum, "rows of three, two points"},
+    {{shp_keyTri, {6}, {6}}, sum, "rows of six, two or three points"},
+    {{shp_keyQuad, {4}, {1, 4}, {shp_key2D}}, sum, "rows of four, two points"},
+    {{shp_keyQuad, {8}, {}, {shp_key2D}}, sum, "rows of four, two points"},
+    {{shp_keyQuad, {6}, {3}, {shp_key2D}}, sum, "rows of three, two points"},
+    {{shp_keyQuad, {4, 6}, {}, {shp_key3D, shp_keyGasket}}, sum, "rows of two or three, four points"},
+    {{shp_keyQuad, {4, 6}, {}, {shp_key3D, shp_keyPipeSoil}}, sum, "rows of two or three, four points"},
+    {{shp_keyTetra, {4}}, sum, "rows of three, one point"},
+    {{shp_keyPrism, {6, 9}, {}, {}, {}, -1, {0, 1}}, sum, "rows of three, one point"},
+    {{shp_keyHex, {18}, {}, {shp_keyGasket}, {}, -1, {2, 3, 4, 5}}, sum, "rows of four, one point"},
+    {{shp_keyPrism, {12}, {}, {shp_keyGasket}, {}, -1, {2, 3, 4}}, sum, "rows of four, one point"},
+    {{shp_keyPrism, {18}, {}, {shp_keyCylindrical}, {}, -1, {2, 3, 4}}, sum, "rows of four, nine points"},
+};
+
+/// Tables, and points, in literals of four to six digits.
+Kind const shortLiterals[] = {
+    {shp_keyTri, {}, {}, {shp_keyModified}},
+    {shp_keyQuad, {}, {}, {shp_keyCylindrical}},
+    {shp_keyTetra, {}, {15}},
+    {shp_keyHex, {}, {14}},
+};
+
+double toleranceFor(shp_Shape const & shape) {
+    bool const isShort = std::any_of(std::begin(shortLiterals), std::end(shortLiterals),
+                                     [&](Kind const & kind) { return kind.holds(shape); });
+    return isShort ? 5e-5 : 5e-6;
+}
+
+/// The laws that rows of `weights` break; `target(n)` is where row n's value belongs, `points` where the values stand.
+int brokenLaws(float const * weights, std::vector<Vector> const & targets, std::vector<Vector> const & points,
+               double tolerance) {
+    int broken = 0;
+    for (std::size_t n = 0; n < targets.size(); ++n) {
+        double total = 0;
+        Vector carried = {};
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            double const weight = static_cast<double>(weights[n * points.size() + i]);
+            total += weight;
+            for (std::size_t axis = 0; axis < 3; ++axis)
+                carried[axis] += weight * points[i][axis];
+        }
+        broken |= std::abs(total - 1) > tolerance ? sum : 0;
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            bool const differ =
+                std::any_of(points.begin(), points.end(), [&](Vector const & p) { return p[axis] != points[0][axis]; });
+            if (differ && std::abs(carried[axis] - targets[n][axis]) > tolerance)
+                broken |= alongG << axis;
+        }
+    }
+    return broken;
+}
+
+/// Keeps the laws that no exception names, and breaks those that the first fitting one names.
+class Laws {
+public:
+    template <std::size_t N> explicit Laws(Exception const (&list)[N]) : exceptions(list, list + N), met(N, false) {}
+    ~Laws() {
+        for (std::size_t i = 0; i < exceptions.size(); ++i)
+            EXPECT_TRUE(met[i]) << "no label for: " << exceptions[i].reason;
+    }
+
+    void expect(int broken, std::string const & label, shp_Shape const & shape, int face = -1) {
+        for (std::size_t i = 0; i < exceptions.size(); ++i)
+            if (exceptions[i].kind.holds(shape, face)) {
+                met[i] = true;
+                EXPECT_EQ(broken, exceptions[i].broken) << label << " face " << face << ": " << exceptions[i].reason;
+                return;
+            }
+        EXPECT_EQ(broken, 0) << label << " face " << face;
+    }
+
+private:
+    std::vector<Exception> exceptions;
+    std::vector<bool> met;
+};
+
+std::vector<Vector> rows(float const * table, int count) {
+    std::vector<Vector> all;
+    for (int i = 0; i < count; ++i)
+        all.push_back(row(table, i));
+    return all;
+}
+
+std::vector<Vector> pointsOf(shp_Shape const & shape) {
+    return rows(shape.intPtLocationTable, shape.baseIntPtsPerElem);
+}
+
+std::vector<Vector> nodesOf(shp_Shape const & shape) {
+    return rows(shape.nodeLocationTable, shape.baseNodesPerElem);
+}
+
+/// Where the values of a face's points stand: corner points at the corners that take them, nine points on a 3 by 3 grid
+/// of Gauss points (g fastest) between the corners, each corner being the end of the grid where its row is largest.
+std::vector<Vector> facePoints(float const * weights, int points, std::vector<Vector> const & nodes) {
+    std::vector<Vector> places(static_cast<std::size_t>(points));
+    std::size_t const corners = points == 3 ? 3 : 4;
+    for (std::size_t k = 0; k < corners; ++k) {
+        float const * own = weights + static_cast<std::size_t>(points) * k;
+        int const largest = static_cast<int>(std::max_element(own, own + points) - own);
+        if (points != 9) {
+            places[static_cast<std::size_t>(largest)] = nodes[k];
+            continue;
+        }
+        for (int i = 0; i < points; ++i) {
+            double const g = std::sqrt(0.6) * (i % 3 - 1), h = std::sqrt(0.6) * (i / 3 - 1);
+            double const share = (1 + g * (largest % 3 - 1)) * (1 + h * (largest / 3 - 1)) / 4;
+            for (std::size_t axis = 0; axis < 3; ++axis)
+                places[static_cast<std::size_t>(i)][axis] += share * nodes[k][axis];
+        }
+    }
+    return places;
+}
+
+/// A map of an element onto itself.
+using Symmetry = Vector (*)(Vector const &);
+
+/// Lines, quadrilaterals, hexahedra, pyramids: mirrored in g. Triangles, prisms, tetrahedra: corners of the plane r = 0
+/// turned by one.
+Vector mirror(Vector const & p) {
+    return {-p[0], p[1], p[2]};
+}
+Vector turn(Vector const & p) {
+    return {1 - p[0] - p[1], p[0], p[2]};
+}
+Vector turnTetra(Vector const & p) {
+    return {1 - p[0] - p[1] - p[2], p[0], p[2]};
+}
+
+Symmetry symmetryOf(int family) {
+    return family == shp_keyTetra ? turnTetra : family == shp_keyTri || family == shp_keyPrism ? turn : mirror;
+}
+
+/// The row that stands where the map takes row `index`, or -1.
+int image(std::vector<Vector> const & places, std::size_t index, Symmetry map) {
+    for (std::size_t i = 0; i < places.size(); ++i)
+        if (distance(places[i], map(places[index])) < 1e-4)
+            return static_cast<int>(i);
+    return -1;
+}
+
+/// Equal weights for each node and point and for their images.
+bool isSymmetric(shp_Shape const & shape) {
+    std::vector<Vector> const nodes = nodesOf(shape), points = pointsOf(shape);
+    Symmetry const map = symmetryOf(shape.options.Shape());
+    for (std::size_t n = 0; n < nodes.size(); ++n)
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            int const node = image(nodes, n, map), point = image(points, i, map);
+            if (node < 0 || point < 0 ||
+                shape.nodeWeights[n * points.size() + i] !=
+                    shape.nodeWeights[static_cast<std::size_t>(node) * points.size() + static_cast<std::size_t>(point)])
+                return false;
+        }
+    return true;
+}
+
+} // namespace
+
+TEST(Weights, CarryLinearFieldsToTheNodes) {
+    Laws laws(nodeWeightExceptions);
+    forEachShape([&](std::string const & label, shp_Shape const & shape) {
+        laws.expect(brokenLaws(shape.nodeWeights, nodesOf(shape), pointsOf(shape), toleranceFor(shape)), label, shape);
+    });
+}
+
+// A planar element has one row, for its centre.
+TEST(Weights, CarryLinearFieldsToTheFaceCentres) {
+    Laws laws(faceWeightExceptions);
+    forEachShape([&](std::string const & label, shp_Shape const & shape) {
+        std::vector<Vector> const targets = shape.NumGeometryDimensions() == 3
+                                                ? rows(shape.faceCenterLocationTable, shape.NumFacesPerElem())
+                                                : rows(shape.centerLocation, 1);
+        laws.expect(brokenLaws(shape.faceWeights, targets, pointsOf(shape), toleranceFor(shape)), label, shape);
+    });
+}
+
+TEST(Weights, CarryLinearFieldsAlongEachFaceToItsNodes) {
+    Laws laws(faceNodeWeightExceptions);
+    forEachShape([&](std::string const & label, shp_Shape const & shape) {
+        for (int face = 0; face < shape.NumFacesPerElem(); ++face) {
+            float const * weights = shp_InterpolationTables::getFacialNdWghtTblPtr(shape.options, face);
+            if (shape.options.Shape() == shp_keyPyramid) {
+                EXPECT_EQ(weights, nullptr) << label;
+                continue;
+            }
+            int const points = shape.intPtsPerFaceTbl[face];
+            std::vector<Vector> nodes;
+            for (int i = 0; i < shape.BaseNodesPerFace(face); ++i)
+                nodes.push_back(
+                    row(shape.nodeLocationTable, shape.options.IsType(shp_keyCaxa) ? i : shape.FaceNodeIndex(face, i)));
+            bool const areLocated = points > 2 && shape.NumGeometryDimensions() > 1 && points != 6;
+            std::vector<Vector> const places =
+                areLocated ? facePoints(weights, points, nodes) : std::vector<Vector>(static_cast<std::size_t>(points));
+            int const broken = brokenLaws(weights, nodes, places, 5e-6);
+            laws.expect((broken & sum) != 0 ? sum : broken, label, shape, face);
+        }
+    });
+}
+
+// The typed tables that extrapolate to no linear law are still held to the symmetry of their element.
+TEST(Weights, AreAsSymmetricAsTheElement) {
+    Exception const exceptions[] = {
+        {{shp_keyLine, {2}, {2}, {}, {shp_keyNodalIntegration}}, 1, "rows of three are read two wide"},
+        {{shp_keyLine, {3}, {3}, {shp_keyAxisymmetric}, {shp_keyNodalIntegration}}, 1, "middle node's row last"},
+        {{shp_keyPrism, {6}, {6}, {}, {shp_keyNodalIntegration}}, 1, "skew points, rows read with another width"},
+    };
+    Laws laws(exceptions);
+    forEachShape([&](std::string const & label, shp_Shape const & shape) {
+        laws.expect(isSymmetric(shape) ? 0 : 1, label, shape);
+    });
+}
+
+TEST(Weights, OfCylindricalCentroidsSumToOneInAnOrderOfTheirOwn) {
+    forEachShape([&](std::string const & label, shp_Shape const & shape) {
+        bool const isSolid = shape.options.IsType(shp_keyHex) || shape.options.IsType(shp_keyPrism);
+        bool const isFirstOrderInPlane = shape.options.NumNodes() == 12 || shape.options.NumNodes() == 9;
+        bool const has = isSolid && isFirstOrderInPlane && shape.options.IsType(shp_keyCylindrical);
+        float const * weights = shp_InterpolationTables::getCylCentroidWghtTblPtr(shape.options);
+        ASSERT_EQ(weights != nullptr, has) << label;
+        if (!has)
+            return;
+        bool const isHex = shape.options.IsType(shp_keyHex);
+        std::vector<Vector> nodes = nodesOf(shape);
+        nodes.resize(isHex ? 12 : 6); // the prism's table ends here
+        std::vector<Vector> const centre = rows(shape.centerLocation, 1);
+        int const broken = brokenLaws(weights, centre, nodes, 2e-5);
+        EXPECT_EQ(broken, isHex ? alongR : alongG | alongH | alongR)
+            << label << ": the largest weights are not at r = 0";
+    });
+}
+
+TEST(Weights, OfOnePointAreOneForEveryNodeAndFace) {
+    float const * ones = shp_InterpolationTables::getOnePtTablePtr();
+    EXPECT_EQ(std::count(ones, ones + 8, 1.0f), 8);
+    forEachShape([&](std::string const & label, shp_Shape const & shape) {
+        if (shape.baseIntPtsPerElem != 1 || shape.isLayeredSolid)
+            return;
+        EXPECT_EQ(shape.nodeWeights, ones) << label;
+        EXPECT_EQ(shape.faceWeights, ones) << label;
+    });
+}
+
+// Values that no law above pins down, and that stored results depend on.
+TEST(Weights, KeepTheirOddValues) {
+    EXPECT_EQ(shapeOf("MCL6").nodeWeights[0], 1.47788f);
+    EXPECT_EQ(shapeOf("CPS6M").nodeWeights[0], 1.9333333f);
+    EXPECT_EQ(shapeOf("C3D10M").nodeWeights[0], 2.3269229f);
+    EXPECT_EQ(shapeOf("DC2D6").nodeWeights[3], -0.5489852f);
+    EXPECT_EQ(shapeOf("DC2D6").nodeWeights[6 * 3 + 3], 1.2571023f);
+    EXPECT_EQ(shapeOf("DC3D15").nodeWeights[4], -1.6252459f);
+    EXPECT_EQ(shapeOf("DC3D15").nodeWeights[18 * 6 + 3], 1.3081383f);
+    EXPECT_EQ(shapeOf("C3D5").nodeWeights[1], -0.55077881f);
+    EXPECT_EQ(shapeOf("C3D5").faceWeights[5], 0.51420146f);
+    EXPECT_EQ(shapeOf("MCL9").faceWeights[5], 0.25f);
+    EXPECT_EQ(shapeOf("C3D20R").faceWeights[0], 0.289737f);
+    EXPECT_EQ(shapeOf("C3D8").faceWeights[0], 0.341506f);
+    // Faces of the 15-point tetrahedron: the four rows put their negative corner weight on these points.
+    int const negative[] = {3, 4, 3, 3};
+    for (int face = 0; face < 4; ++face)
+        EXPECT_EQ(shapeOf("DC3D10").faceWeights[15 * face + negative[face]], -0.145497f) << face;
+    // A gasket's side 1 takes the points 2, 3 and 5 of the midplane.
+    float const * side = shapeOf("GK3D18").faceWeights + 9 * 3;
+    for (int point = 0; point < 9; ++point)
+        EXPECT_EQ(side[point], point == 2 || point == 3 || point == 5 ? 0.333333f : 0.0f) << point;
+    // The nine rows of a cylindrical prism's side are read nine points wide: what lies behind them is 0.
+    float const * wide = shp_InterpolationTables::getFacialNdWghtTblPtr(shapeOf("CCL18").options, 2);
+    EXPECT_EQ(std::count(wide + 36, wide + 81, 0.0f), 45);
+}
+
+TEST(Weights, OfKeysOutsideTheCatalogue) {
+    // Ten nodes with points at the nodes have no identity: the family's list decides by the points.
+    EXPECT_EQ(shp_InterpolationTables::getNdWghtTblPtr(
+                  optionsOf({shp_keyTetra, shp_keyNodes10, shp_keyIntPts4, shp_keyNodalIntegration})),
+              shapeOf("C3D10").nodeWeights);
+    // A planar element with a number of points without a row reads the pyramid's table.
+    EXPECT_EQ(shp_InterpolationTables::getFcWghtTblPtr(optionsOf({shp_keyTri, shp_keyNodes6, shp_keyIntPts12})),
+              shapeOf("C3D5").faceWeights);
+    EXPECT_EQ(shp_InterpolationTables::getNdWghtTblPtr(optionsOf({shp_keyHex, shp_keyNodes20, shp_keyIntPts15})),
+              nullptr);
+    EXPECT_EQ(shp_InterpolationTables::getFcWghtTblPtr(optionsOf({shp_keyHex, shp_keyNodes20, shp_keyIntPts15})),
+              nullptr);
+    EXPECT_EQ(shp_HexInterpTables::getCylCentroidWghtTblPtr(optionsOf({shp_keyHex, shp_keyNodes12, shp_keyIntPts12})),
+              nullptr);
+    // Without a shape the choices by points and bits still hold, those by family give nothing.
+    shp_Options const shapeless = optionsOf({shp_keyNodes4, shp_keyIntPts4});
+    EXPECT_EQ(shp_InterpolationTables::getNdWghtTblPtr(shapeless), nullptr);
+    EXPECT_EQ(shp_InterpolationTables::getFcWghtTblPtr(shapeless), nullptr);
+    EXPECT_EQ(shp_InterpolationTables::getFacialNdWghtTblPtr(shapeless, 0), nullptr);
+    EXPECT_EQ(shp_InterpolationTables::getNdWghtTblPtr(optionsOf({shp_keyIntPts1})),
+              shp_InterpolationTables::getOnePtTablePtr());
+}
