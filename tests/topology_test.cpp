@@ -344,8 +344,8 @@ TEST(HandMadeKeys, WithoutAShapeGiveAnEmptyTopology) {
 TEST(HandMadeKeys, WithAForeignSetOfFunctionsWriteNoMoreThanTheirNodes) {
     shp_Topology const & full = shapeOf("C3D27");
     float const iso[3] = {0.25f, -0.5f, 0.125f};
-    for (shp_KeyBit const nodeBit : {shp_keyNodes5, shp_keyNodes12, shp_keyNodes18}) {
-        shp_Topology const t(keyOf({shp_keyHex, unsigned{nodeBit}, shp_keyIntPts8, shp_key3D}));
+    for (unsigned int nodeBit : {unsigned{shp_keyNodes5}, unsigned{shp_keyNodes12}, unsigned{shp_keyNodes18}}) {
+        shp_Topology const t(keyOf({shp_keyHex, nodeBit, shp_keyIntPts8, shp_key3D}));
         auto const nodes = static_cast<std::size_t>(t.BaseNodesPerElem());
         std::vector<float> weights(nodes + 1, 99.0f);
         t.CalculateNodesShapeWeight(iso, weights.data());

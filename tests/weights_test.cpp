@@ -120,7 +120,7 @@ Exception const faceWeightExceptions[] = {
     {{shp_keyPyramid, {5}, {5}}, alongG | alongH, "not linear through its points"},
 };
 
-/// Tables that are read with a number of points other than their own: sum alone is asked of them.
+/// A table that is read with another number of points than its own breaks its sums, and is asked for nothing else.
 Exception const faceNodeWeightExceptions[] = {
     {{shp_keyLine, {2}}, sum, "rows of three, two points"},
     {{shp_keyLine, {3}, {1, 3}}, sum, "rows of three, two points"},
@@ -137,6 +137,14 @@ Exception const faceNodeWeightExceptions[] = {
     {{shp_keyHex, {18}, {}, {shp_keyGasket}, {}, -1, {2, 3, 4, 5}}, sum, "rows of four, one point"},
     {{shp_keyPrism, {12}, {}, {shp_keyGasket}, {}, -1, {2, 3, 4}}, sum, "rows of four, one point"},
     {{shp_keyPrism, {18}, {}, {shp_keyCylindrical}, {}, -1, {2, 3, 4}}, sum, "rows of four, nine points"},
+
+    {{shp_keyPrism, {9}, {}, {shp_keyCohesive}, {}, -1, {2}}, alongG | alongR, "second middle from the wrong edge"},
+    {{shp_keyPrism, {9}, {}, {shp_keyCohesive}, {}, -1, {3}}, alongH | alongR, "second middle from the wrong edge"},
+    {{shp_keyPrism, {9}, {}, {shp_keyCohesive}, {}, -1, {4}}, alongR, "second middle from the wrong edge"},
+    {{shp_keyHex, {12}, {}, {shp_keyCohesive}, {}, -1, {2, 4}}, alongG | alongR, "second middle from the wrong edge"},
+    {{shp_keyHex, {12}, {}, {shp_keyCohesive}, {}, -1, {3, 5}}, alongH | alongR, "second middle from the wrong edge"},
+    {{shp_keyHex, {18}, {}, {shp_keyInfinite}, {}, -1, {1, 3}}, alongG | alongR, "second midside from the wrong edge"},
+    {{shp_keyHex, {18}, {}, {shp_keyInfinite}, {}, -1, {2, 4}}, alongH | alongR, "second midside from the wrong edge"},
 };
 
 /// Tables, and points, in literals of four to six digits.
@@ -216,10 +224,13 @@ std::vector<Vector> nodesOf(shp_Shape const & shape) {
     return rows(shape.nodeLocationTable, shape.baseNodesPerElem);
 }
 
-/// Where the values of a face's points stand: corner points at the corners that take them, nine points on a 3 by 3 grid
-/// of Gauss points (g fastest) between the corners, each corner being the end of the grid where its row is largest.
+/// Where the values of a face's points stand. Unit rows: each point at the corner that takes it. Nine points: a 3 by 3
+/// grid of Gauss points (g fastest) between the corners, each corner being the end of the grid where its row is
+/// largest. Else the face is a planar element, and has the Gauss points of one.
 std::vector<Vector> facePoints(float const * weights, int points, std::vector<Vector> const & nodes) {
     std::vector<Vector> places(static_cast<std::size_t>(points));
+    if (points < 9 && weights[std::max_element(weights, weights + points) - weights] != 1)
+        return pointsOf(shapeOf(points == 3 ? "CPS6" : "CPS8R"));
     std::size_t const corners = points == 3 ? 3 : 4;
     for (std::size_t k = 0; k < corners; ++k) {
         float const * own = weights + static_cast<std::size_t>(points) * k;
@@ -260,7 +271,7 @@ Symmetry symmetryOf(int family) {
 /// The row that stands where the map takes row `index`, or -1.
 int image(std::vector<Vector> const & places, std::size_t index, Symmetry map) {
     for (std::size_t i = 0; i < places.size(); ++i)
-        if (distance(places[i], map(places[index])) < 1e-4)
+        if (distance(places[i], map(places[index])) < 1e-3)
             return static_cast<int>(i);
     return -1;
 }
@@ -314,7 +325,7 @@ TEST(Weights, CarryLinearFieldsAlongEachFaceToItsNodes) {
             for (int i = 0; i < shape.BaseNodesPerFace(face); ++i)
                 nodes.push_back(
                     row(shape.nodeLocationTable, shape.options.IsType(shp_keyCaxa) ? i : shape.FaceNodeIndex(face, i)));
-            bool const areLocated = points > 2 && shape.NumGeometryDimensions() > 1 && points != 6;
+            bool const areLocated = points > 2 && shape.NumGeometryDimensions() > 1;
             std::vector<Vector> const places =
                 areLocated ? facePoints(weights, points, nodes) : std::vector<Vector>(static_cast<std::size_t>(points));
             int const broken = brokenLaws(weights, nodes, places, 5e-6);
@@ -391,6 +402,33 @@ TEST(Weights, KeepTheirOddValues) {
     // The nine rows of a cylindrical prism's side are read nine points wide: what lies behind them is 0.
     float const * wide = shp_InterpolationTables::getFacialNdWghtTblPtr(shapeOf("CCL18").options, 2);
     EXPECT_EQ(std::count(wide + 36, wide + 81, 0.0f), 45);
+}
+
+// The order of a face's points is agreed with those who supply their values; only the tables know it.
+TEST(Weights, OfAFaceBeginAtThePointOfItsFirstCorner) {
+    struct {
+        char const * label;
+        int points; ///< of each row, on the faces from the first on
+        std::vector<int> firstPoints;
+    } const elements[] = {
+        {"C3D8", 4, {3, 3, 3, 3, 0, 1}},
+        {"C3D20", 9, {6, 6, 6, 6, 0, 2}},
+        {"CCL12", 4, {0, 0, 0, 0, 0, 0}},
+        {"CCL24", 4, {0, 0, 1, 1, 1, 1}},
+        {"GK3D18", 4, {3, 0}},
+        {"C3D10", 3, {2, 2, 2, 0}},
+        {"CCL18", 3, {0, 0}},
+        {"GK3D12M", 3, {2, 0}},
+    };
+    for (auto const & element : elements)
+        for (std::size_t face = 0; face < element.firstPoints.size(); ++face) {
+            float const * first =
+                shp_InterpolationTables::getFacialNdWghtTblPtr(shapeOf(element.label).options, static_cast<int>(face));
+            EXPECT_EQ(std::max_element(first, first + element.points) - first, element.firstPoints[face])
+                << element.label << " face " << face;
+        }
+    float const * const side = shp_InterpolationTables::getFacialNdWghtTblPtr(shapeOf("C3D15").options, 4);
+    EXPECT_EQ(side[0], 2.1869397f);
 }
 
 TEST(Weights, OfKeysOutsideTheCatalogue) {

@@ -76,7 +76,7 @@ constexpr int faceConnPyramid[] = {
 
 /// Prism: triangles at r = -1 (face 0) and r = 1 (face 1), then the sides 0-1, 1-2, 2-0.
 ///
-///        5            6, 9 and 12 nodes have other numbers between the corners:
+///        5            the others number the nodes between the corners so:
 ///      11|`10            9 nodes: 6, 7, 8 halfway up the edges 0-3, 1-4, 2-5
 ///      / |  `.           gasket, 12 nodes: corners 0 1 2, midsides 3 4 5 below; corners 6 7 8, midsides 9 10 11 above
 ///     3---9---4          cylindrical, 18 nodes: 6 7 8 halfway up the edges, 9 10 11 midsides below, 12 13 14 above,

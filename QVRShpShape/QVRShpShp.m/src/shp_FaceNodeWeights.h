@@ -43,8 +43,8 @@ inline constexpr auto shp_faceQuadSixNodes = shp_weightRows<4>({
 });
 
 /// A 3 by 3 grid of Gauss points, g fastest, carried to the nine nodes of a quadrilateral: corners from (-1, -1)
-/// counter-clockwise, midsides, centre. A weight is a product of end and middle values of the two axes; the products are
-/// literals, stored results depend on their digits.
+/// counter-clockwise, midsides, centre. A weight is a product of end and middle values of the two axes; the products
+/// are literals, stored results depend on their digits.
 constexpr shp_WeightTable<9, 9> shp_gaussGridWeights() {
     constexpr float products[3][3] = {
         {2.1869397f, -0.98588699f, 0.27777779f},

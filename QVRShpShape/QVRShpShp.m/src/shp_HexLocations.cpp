@@ -17,8 +17,8 @@ constexpr shp_TableChoice nodeLocations[] = {
     {.result = hexNodeLocs},
 };
 
-// 1/sqrt(3) as a float, and the shorter literals of 1/sqrt(3) and sqrt(3/5) in the larger rules: stored results depend on
-// each as it stands.
+// 1/sqrt(3) as a float, and the shorter literals of 1/sqrt(3) and sqrt(3/5) in the larger rules: stored results depend
+// on each as it stands.
 constexpr float a2 = 0.57735026f, shortA2 = 0.57735f;
 constexpr float shortA3 = 0.774597f;
 
@@ -37,10 +37,8 @@ constexpr float hexIntPts14[][3] = {
 // clang-format on
 
 // The levels of r are three-digit literals of the Gauss points between r = -1 and r = 0.
-constexpr auto hexIntPts18 =
-    shp_tensorPoints({-shortA3, 0, shortA3}, {-shortA3, 0, shortA3}, {-0.789f, -0.211f});
-constexpr auto hexIntPts27 =
-    shp_tensorPoints({-shortA3, 0, shortA3}, {-shortA3, 0, shortA3}, {-shortA3, 0, shortA3});
+constexpr auto hexIntPts18 = shp_tensorPoints({-shortA3, 0, shortA3}, {-shortA3, 0, shortA3}, {-0.789f, -0.211f});
+constexpr auto hexIntPts27 = shp_tensorPoints({-shortA3, 0, shortA3}, {-shortA3, 0, shortA3}, {-shortA3, 0, shortA3});
 constexpr auto hexGridIntPts27 = shp_tensorPoints({-1, 0, 1}, {-1, 0, 1}, {-1, 0, 1});
 constexpr auto hexCornerIntPts = shp_tensorPoints({-1, 1}, {-1, 1}, {-1, 1});
 

@@ -25,8 +25,7 @@ constexpr double nearHalfLevels[] = {-0.5 - 0.5 / root3, -0.5 + 0.5 / root3};
 // Each node takes the point below or above it; the points are the midplane's.
 constexpr auto hexMidplaneWeights8 = shp_selectPoints<4>({0, 1, 2, 3, 0, 1, 2, 3});
 constexpr auto hexMidplaneWeights12 = shp_selectPoints<4>({0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3});
-constexpr auto hexGasketWeights18 =
-    shp_selectPoints<9>({0, 1, 2, 3, 4, 5, 6, 7, 0, 1, 2, 3, 4, 5, 6, 7, 8, 8});
+constexpr auto hexGasketWeights18 = shp_selectPoints<9>({0, 1, 2, 3, 4, 5, 6, 7, 0, 1, 2, 3, 4, 5, 6, 7, 8, 8});
 
 constexpr auto hexInfiniteWeights8Points12 =
     shp_tensorRule<12>(hexInfiniteNodeLocs18, gaussLevels2, gaussLevels2, gaussLevels2);
@@ -39,7 +38,8 @@ constexpr auto hexInfiniteWeights18Points =
 constexpr auto hexCylWeights27Points = shp_tensorRule<24>(hexCylNodeLocs, gaussLevels3, gaussLevels3, gaussLevels3);
 constexpr auto hexWeights27Points = shp_tensorRule<27>(hexNodeLocs, gaussLevels3, gaussLevels3, gaussLevels3);
 
-/// Trilinear through the first eight of 14 points, which run like the corner nodes; the six near the faces take no part.
+/// Trilinear through the first eight of 14 points, which run like the corner nodes; the six near the faces take no
+/// part.
 constexpr auto hexWeights14Points = [] {
     constexpr double level = 0.7588;
     constexpr int corners = 8;
@@ -74,8 +74,8 @@ constexpr shp_TableChoice nodeWeights[] = {
     {.points = {18, 27}, .result = hexWeights27Points},
 };
 
-// Rows of faces, in the order r = -1, r = 1, h = -1, g = 1, h = 1, g = -1 unless said otherwise. Infinite elements have the
-// far face r = 0 last, behind their four sides.
+// Rows of faces, in the order r = -1, r = 1, h = -1, g = 1, h = 1, g = -1 unless said otherwise. Infinite elements have
+// the far face r = 0 last, behind their four sides.
 
 constexpr auto hexMidplaneFaceWeights4 = shp_weightRows<4>({
     {0.25f, 0.25f, 0.25f, 0.25f},
@@ -89,8 +89,7 @@ constexpr auto hexMidplaneFaceWeights4 = shp_weightRows<4>({
 /// Eight points or nodes, by the face each lies at: `near` on the four of the face, `far` on the others.
 enum class PointOrder { tensor, corners };
 
-template <int Columns>
-constexpr shp_WeightTable<6, Columns> nearAndFar(float near, float far, PointOrder order) {
+template <int Columns> constexpr shp_WeightTable<6, Columns> nearAndFar(float near, float far, PointOrder order) {
     constexpr int axis[] = {2, 2, 1, 0, 1, 0};
     constexpr float end[] = {-1, 1, -1, 1, 1, -1};
     shp_WeightTable<6, Columns> table;
@@ -135,8 +134,8 @@ constexpr auto hexGasketFaceWeights9 = [] {
     return table;
 }();
 
-// One-dimensional rows: the end -1, the end 1 and the middle of two or three Gauss points, Gauss averages, and the mean of
-// the two ends.
+// One-dimensional rows: the end -1, the end 1 and the middle of two or three Gauss points, Gauss averages, and the mean
+// of the two ends.
 constexpr std::array<double, 2> end2 = {(1 + root3) / 2, (1 - root3) / 2};
 constexpr std::array<double, 2> farEnd2 = {end2[1], end2[0]};
 constexpr std::array<double, 2> middle2 = {0.5, 0.5};
@@ -178,14 +177,10 @@ constexpr auto hexFaceWeights27 = shp_tensorRows<3, 3, 3>({
     {end3, average3, average3},
 });
 
-// Layered solids: one row, the average over the points of one layer. With 5 points the first five of the nine are read.
-constexpr float layerFaceWeights4[] = {0.25f, 0.25f, 0.25f, 0.25f};
-constexpr float layerFaceWeights9[] = {0.0771605f, 0.123457f, 0.0771605f, 0.123457f, 0.197531f,
-                                       0.123457f,  0.0771605f, 0.123457f, 0.0771605f};
-
+// A layered solid has one row, the average over the points of one layer; with 5 points the first five of nine are read.
 constexpr shp_TableChoice faceWeights[] = {
-    {.points = 4, .with = shp_keyLayeredSolid, .result = layerFaceWeights4},
-    {.with = shp_keyLayeredSolid, .result = layerFaceWeights9},
+    {.points = 4, .with = shp_keyLayeredSolid, .result = shp_average4},
+    {.with = shp_keyLayeredSolid, .result = shp_average9},
     {.points = 4, .result = hexMidplaneFaceWeights4},
     {.points = 8, .with = shp_keyInfinite, .result = hexInfiniteFaceWeights8},
     {.points = 8, .with = shp_keyNodalIntegration, .result = hexFaceWeightsAtNodes},

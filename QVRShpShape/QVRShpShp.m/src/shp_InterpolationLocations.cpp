@@ -87,7 +87,9 @@ constexpr shp_TableChoice lineNodes[] = {
     {.result = lineNodeLocs3},
 };
 
-float const * lineNodeLocations(shp_Options const & options) { return shp_firstFit(lineNodes, options).find(options); }
+float const * lineNodeLocations(shp_Options const & options) {
+    return shp_firstFit(lineNodes, options).find(options);
+}
 
 constexpr shp_TableChoice linePoints[] = {
     {.points = 2, .result = lineIntPts2},
@@ -117,8 +119,8 @@ float pyramidIntPts[][3] = {{-storedOffset, -storedOffset, -twoThirds},
                             {-storedOffset, storedOffset, -twoThirds},
                             {0, 0, 0.4f}};
 
-// Both run before the library's entry point (priority 110), in this order. At a second load they write what stands there
-// already.
+// Both run before the library's entry point (priority 110), in this order. At a second load they write what stands
+// there already.
 __attribute__((constructor(101))) void computePyramidIntPtOffset() {
     pyramidIntPtOffset = static_cast<float>(std::sqrt(0.13333333333333333) * 8.0 / 5.0);
 }
@@ -129,7 +131,9 @@ __attribute__((constructor(102))) void fillPyramidIntPts() {
             pyramidIntPts[corner][axis] = pyramidNodeLocs[corner][axis] * pyramidIntPtOffset;
 }
 
-float const * pyramidIntegrationPoints(shp_Options const &) { return pyramidIntPts[0]; }
+float const * pyramidIntegrationPoints(shp_Options const &) {
+    return pyramidIntPts[0];
+}
 
 constexpr shp_TableChoice nodeLocations[] = {
     {.shape = {shp_keyPoint, shp_keyARS}, .result = centreOrigin},

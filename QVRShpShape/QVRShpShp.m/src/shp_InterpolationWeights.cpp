@@ -38,8 +38,7 @@ constexpr auto lineWeights2Points = shp_weightRows<2>({{end2[0], end2[1]}, {0.5f
 // The middle node's row comes last, though it is the second node: results of axisymmetric lines on file were made so.
 constexpr auto lineAxisymmetricWeights =
     shp_weightRows<3>({{end3[0], end3[1], end3[2]}, {end3[2], end3[1], end3[0]}, {0, 1, 0}});
-constexpr auto lineWeights3 =
-    shp_weightRows<3>({{end3[0], end3[1], end3[2]}, {0, 1, 0}, {end3[2], end3[1], end3[0]}});
+constexpr auto lineWeights3 = shp_weightRows<3>({{end3[0], end3[1], end3[2]}, {0, 1, 0}, {end3[2], end3[1], end3[0]}});
 
 constexpr shp_TableChoice lineNodeChoices[] = {
     {.nodes = 2, .with = shp_keyFrame, .result = lineFrameWeights},
@@ -83,27 +82,23 @@ constexpr auto pyramidFaceWeights = [] {
 
 constexpr float planarFaceWeights2[] = {0.5f, 0.5f};
 constexpr float planarCylFaceWeights3[] = {0.2777778f, 0.4444444f, 0.2777778f};
-constexpr float planarFaceWeights3[] = {0.333333f, 0.333333f, 0.333333f};
-constexpr float planarFaceWeights4[] = {0.25f, 0.25f, 0.25f, 0.25f};
 constexpr float planarFaceWeights5[] = {0.2f, 0.2f, 0.2f, 0.2f, 0.2f};
 // Sums to 1.0556, and its larger weights are not those of the middle level: face results on file were made with it.
 constexpr float planarCylFaceWeights6[] = {0.1388889f, 0.1388889f, 0.1388889f, 0.1388889f, 0.25f, 0.25f};
 constexpr float planarFaceWeights6[] = {0.166667f, 0.166667f, 0.166667f, 0.166667f, 0.166667f, 0.166667f};
 constexpr float planarFaceWeights8[] = {0.125f, 0.125f, 0.125f, 0.125f, 0.125f, 0.125f, 0.125f, 0.125f};
-constexpr float planarFaceWeights9[] = {0.0771605f, 0.123457f,  0.0771605f, 0.123457f, 0.197531f,
-                                        0.123457f,  0.0771605f, 0.123457f,  0.0771605f};
 
 // A number of points without a row reads the pyramid's table from its start, as it always has.
 constexpr shp_TableChoice planarFaceChoices[] = {
     {.points = 2, .result = planarFaceWeights2},
     {.points = 3, .with = shp_keyCylindrical, .result = planarCylFaceWeights3},
-    {.points = 3, .result = planarFaceWeights3},
-    {.points = 4, .result = planarFaceWeights4},
+    {.points = 3, .result = shp_average3},
+    {.points = 4, .result = shp_average4},
     {.points = 5, .result = planarFaceWeights5},
     {.points = 6, .with = shp_keyCylindrical, .result = planarCylFaceWeights6},
     {.points = 6, .result = planarFaceWeights6},
     {.points = 8, .result = planarFaceWeights8},
-    {.points = 9, .result = planarFaceWeights9},
+    {.points = 9, .result = shp_average9},
     {.result = pyramidFaceWeights},
 };
 
@@ -178,4 +173,6 @@ float const * shp_InterpolationTables::getCylCentroidWghtTblPtr(shp_Options cons
     return shp_firstFit(centroidWeights, options).find(options);
 }
 
-float const * shp_InterpolationTables::getOnePtTablePtr() { return allOnes; }
+float const * shp_InterpolationTables::getOnePtTablePtr() {
+    return allOnes;
+}

@@ -28,8 +28,8 @@ constexpr float prismCornerIntPts3[][3] = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
 /// The midplane of cohesive and gasket elements: a triangle's corners and midsides.
 constexpr auto & prismMidplaneIntPts = triNodeLocs;
 
-// The constants of the four-point rule of a tetrahedron, which are not symmetric in a triangle (the third coordinates are
-// 0.7236, 0.2764, 0.2764): stored results were made with these points.
+// The constants of the four-point rule of a tetrahedron, which are not symmetric in a triangle (the third coordinates
+// are 0.7236, 0.2764, 0.2764): stored results were made with these points.
 constexpr float a = 0.13819660f, b = 0.58541018f;
 constexpr float skewTriangle[][3] = {{a, a, 0}, {b, a, 0}, {a, b, 0}};
 constexpr auto prismIntPts6 = shp_prismPoints(skewTriangle, {-a2, a2});

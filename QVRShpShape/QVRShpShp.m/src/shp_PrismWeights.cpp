@@ -28,8 +28,8 @@ constexpr auto prismCylWeights9 = [] {
     return table;
 }();
 
-// The linear function of the triangle's three points times the row of the end or the middle in r. Stored results depend on
-// the six-digit literals of the cylindrical table as they stand.
+// The linear function of the triangle's three points times the row of the end or the middle in r. Stored results depend
+// on the six-digit literals of the cylindrical table as they stand.
 constexpr auto prismCylWeights = shp_prismRule<18>(prismCylNodeLocs, {.near = {2.46472f, 0.985887f, -0.492943f},
                                                                       .middle = {-1.11111f, -0.444444f, 0.222222f},
                                                                       .far = {0.31306f, 0.125224f, -0.062612f},
@@ -38,11 +38,10 @@ constexpr auto prismCylWeights = shp_prismRule<18>(prismCylNodeLocs, {.near = {2
 // 15 rows for 15 nodes; the last three, the middles of the side faces, are for elements with 18.
 constexpr auto prismWeights9Points = [] {
     constexpr shp_CornerWeights linear = {1.6666667f, 0.66666669f, -0.33333331f};
-    return shp_prismRule<18>(prismNodeLocs,
-                             {.near = {2.4647176f, linear.edge * shp_endOf3[0], -0.49294353f},
-                              .middle = {-1.1111112f, linear.edge * shp_endOf3[1], 0.22222222f},
-                              .far = {0.31306019f, linear.edge * shp_endOf3[2], -0.062612042f},
-                              .centre = linear});
+    return shp_prismRule<18>(prismNodeLocs, {.near = {2.4647176f, linear.edge * shp_endOf3[0], -0.49294353f},
+                                             .middle = {-1.1111112f, linear.edge * shp_endOf3[1], 0.22222222f},
+                                             .far = {0.31306019f, linear.edge * shp_endOf3[2], -0.062612042f},
+                                             .centre = linear});
 }();
 
 constexpr auto prismWeights2Points = [] {
@@ -54,21 +53,24 @@ constexpr auto prismWeights2Points = [] {
 }();
 
 // Six points on each of three levels, 15 by 18. Not the tensor interpolant of the points; stored results were made with
-// these rows. One corner, one midside and one corner of the middle layer are typed; the others are these turned with the
-// triangle and turned over for r = 1.
+// these rows. One corner, one midside and one corner of the middle layer are typed; the others are these turned with
+// the triangle and turned over for r = 1.
 constexpr auto prismNodeWeights18 = [] {
     constexpr int perLevel = 6;
-    constexpr shp_WeightRow<18> corner = {
-        {0.61098391f, -0.061591901f, -0.061591901f, 1.3081383f, -1.6252459f, 1.3081383f,
-         -0.41750979f, 0.0420883f, 0.0420883f, -0.43999261f, 0.54665178f, -0.43999261f,
-         0.077605098f, -0.0078232f, -0.0078232f, 0.16615529f, -0.2064333f, 0.16615529f}};
-    constexpr shp_WeightRow<18> midside = {
-        {0.27469599f, 0.27469599f, -0.061591901f, 1.3081383f, -0.15855379f, -0.15855379f,
-         -0.18771081f, -0.18771081f, 0.0420883f, -0.43999261f, 0.053329598f, 0.053329598f,
-         0.034890998f, 0.034890998f, -0.0078232f, 0.16615529f, -0.020138999f, -0.020138999f}};
-    constexpr shp_WeightRow<18> middleCorner = {
-        {0, 0, 0, 0, 0, 0,
-         0.62626481f, -0.063132398f, -0.063132398f, 0.65998888f, -0.8199777f, 0.65998888f}};
+    // clang-format off
+    constexpr shp_WeightRow<18> corner = {{
+        0.61098391f, -0.061591901f, -0.061591901f, 1.3081383f, -1.6252459f, 1.3081383f,
+        -0.41750979f, 0.0420883f, 0.0420883f, -0.43999261f, 0.54665178f, -0.43999261f,
+        0.077605098f, -0.0078232f, -0.0078232f, 0.16615529f, -0.2064333f, 0.16615529f}};
+    constexpr shp_WeightRow<18> midside = {{
+        0.27469599f, 0.27469599f, -0.061591901f, 1.3081383f, -0.15855379f, -0.15855379f,
+        -0.18771081f, -0.18771081f, 0.0420883f, -0.43999261f, 0.053329598f, 0.053329598f,
+        0.034890998f, 0.034890998f, -0.0078232f, 0.16615529f, -0.020138999f, -0.020138999f}};
+    constexpr shp_WeightRow<18> middleCorner = {{
+        0, 0, 0, 0, 0, 0,
+        0.62626481f, -0.063132398f, -0.063132398f, 0.65998888f, -0.8199777f, 0.65998888f,
+        0, 0, 0, 0, 0, 0}};
+    // clang-format on
     shp_WeightRow<18> rows[15];
     for (int turn = 0; turn < 3; ++turn) {
         rows[turn] = shp_rotate(corner, turn);
@@ -165,11 +167,8 @@ constexpr auto prismFaceWeights18 = endAndSides<18>(
 
 // clang-format on
 
-// Layered solids: one row, the mean over the points of one layer.
-constexpr float layerFaceWeights[] = {third, third, third};
-
 constexpr shp_TableChoice faceWeights[] = {
-    {.with = shp_keyLayeredSolid, .result = layerFaceWeights},
+    {.with = shp_keyLayeredSolid, .result = shp_average3}, // one row, over the points of a layer
     {.points = 2, .result = prismFaceWeights2},
     {.points = 3, .with = shp_keyCylindrical, .result = prismCylFaceWeights3},
     {.points = 3, .result = prismMidplaneFaceWeights3},

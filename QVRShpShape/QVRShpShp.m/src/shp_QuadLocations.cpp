@@ -17,8 +17,8 @@ constexpr shp_TableChoice nodeLocations[] = {
     {.result = quadNodeLocs6},
 };
 
-// 1/sqrt(3) and sqrt(3/5) as floats, and the shorter literals of the cylindrical and thickness points: the tables do not
-// agree on them, and stored results depend on each as it stands.
+// 1/sqrt(3) and sqrt(3/5) as floats, and the shorter literals of the cylindrical and thickness points: the tables do
+// not agree on them, and stored results depend on each as it stands.
 constexpr float a2 = 0.57735026f, shortA2 = 0.57735f;
 constexpr float a3 = 0.77459669f, shortA3 = 0.774597f;
 

@@ -5,12 +5,10 @@
 #include "shp_TableSource.h"
 #include "shp_WeightRules.h"
 
-#include <iterator>
-
 namespace {
 
-/// The values of a bilinear rule through four points: at a corner from the near point, the two beside it, the one across;
-/// at a midside from the near and far points; at the centre.
+/// The values of a bilinear rule through four points: at a corner from the near point, the two beside it, the one
+/// across; at a midside from the near and far points; at the centre.
 struct BilinearValues {
     float corner, beside, across, midside, farMidside, centre;
 };
@@ -33,8 +31,7 @@ constexpr shp_WeightTable<9, 4> bilinearWeights(BilinearValues const & values) {
     return table;
 }
 
-constexpr auto quadWeights4 =
-    bilinearWeights({1.8660254f, -0.5f, 0.1339746f, 0.68301272f, -0.18301269f, 0.25f});
+constexpr auto quadWeights4 = bilinearWeights({1.8660254f, -0.5f, 0.1339746f, 0.68301272f, -0.18301269f, 0.25f});
 
 /// The fifth point stands in the centre, and only the centre node takes it.
 constexpr auto quadWeights5 = [] {
@@ -58,8 +55,8 @@ constexpr auto quadInfiniteWeights = [] {
 
 constexpr auto quadWeights9 = shp_gaussGridWeights();
 
-// Cylindrical elements. The short literals stay as they stand, 1.47788 (for 1.47883) among them: stored results were made
-// with them.
+// Cylindrical elements. The short literals stay as they stand, 1.47788 (for 1.47883) among them: stored results were
+// made with them.
 constexpr auto quadCylWeights2 = shp_weightRows<2>({
     {1.36602f, -0.36602f},
     {1.36602f, -0.36602f},

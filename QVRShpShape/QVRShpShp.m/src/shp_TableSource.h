@@ -18,7 +18,7 @@ public:
     template <int Rows> constexpr shp_TableSource(float const (&rows)[Rows][3]) : table(rows[0]) {}
     /// A table that the compiler has filled: shp_Points, shp_WeightTable.
     template <class Table>
-        requires requires(Table const & filled) { filled.data(); }
+    requires requires(Table const & filled) { filled.data(); }
     constexpr shp_TableSource(Table const & filled) : table(filled.data()) {}
 
     float const * find(shp_Options const & options, int face = shp_any) const {

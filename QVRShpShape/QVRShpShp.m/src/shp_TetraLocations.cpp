@@ -32,8 +32,21 @@ constexpr auto tetraIntPts15 = [] {
     constexpr shp_Points<4> corners = pointsTowardsCorners(0.09197108f, 0.72408676f);
     constexpr shp_Points<4> faces = pointsTowardsCorners(0.31979364f, 0.04061912f);
     constexpr float c = 0.05635083f, d = 0.44364917f;
-    shp_Points<15> points = {{{0.25f, 0.25f, 0.25f}, {}, {}, {}, {}, {}, {}, {}, {},
-                              {c, c, d}, {d, c, c}, {d, d, c}, {c, d, d}, {c, d, c}, {d, c, d}}};
+    shp_Points<15> points = {{{0.25f, 0.25f, 0.25f},
+                              {},
+                              {},
+                              {},
+                              {},
+                              {},
+                              {},
+                              {},
+                              {},
+                              {c, c, d},
+                              {d, c, c},
+                              {d, d, c},
+                              {c, d, d},
+                              {c, d, c},
+                              {d, c, d}}};
     for (int i = 0; i < 4; ++i)
         for (int axis = 0; axis < 3; ++axis) {
             points.rows[1 + i][axis] = corners.rows[i][axis];
@@ -52,7 +65,9 @@ constexpr shp_TableChoice integrationPoints[] = {
 
 } // namespace
 
-float const * shp_TetraInterpTables::getNdLocTblPtr(shp_Options const &) { return tetraNodeLocs[0]; }
+float const * shp_TetraInterpTables::getNdLocTblPtr(shp_Options const &) {
+    return tetraNodeLocs[0];
+}
 
 float const * shp_TetraInterpTables::getIntPntLocTblPtr(shp_Options const & options) {
     return shp_firstFit(integrationPoints, options).find(options);

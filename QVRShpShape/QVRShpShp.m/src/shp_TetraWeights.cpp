@@ -5,8 +5,6 @@
 #include "shp_TetraNodeLocations.h"
 #include "shp_WeightRules.h"
 
-#include <iterator>
-
 namespace {
 
 // Linear through the four points.
@@ -68,7 +66,7 @@ constexpr auto tetraFaceWeights4 = faceCorners<4>(0.436339f, -0.309017f);
 constexpr auto tetraFaceWeights11 = faceCorners<11>(0.333333f, 0);
 
 // Typed as one piece: the first row was made for another order of the points than theirs, the others are its images
-// under the exchange of corners. The rows sum to 1.03, and face results on file were made with them.
+// under the exchange of corners. They do not sum to 1; face results on file were made with them.
 constexpr auto tetraFaceWeights15 = shp_weightRows<15>({
     {0.381832f, 0.381832f, 0.381832f, -0.145497f, 0.1626f, 0.059876f, 0.059876f, -0.046451f, 0.041959f, 0.330344f,
      0.016099f, 0.016099f, 0.14969f, -0.073301f, -0.073301f},

@@ -17,7 +17,9 @@ constexpr shp_TableChoice integrationPoints[] = {
 
 } // namespace
 
-float const * shp_TriInterpTables::getNdLocTblPtr(shp_Options const &) { return triNodeLocs[0]; }
+float const * shp_TriInterpTables::getNdLocTblPtr(shp_Options const &) {
+    return triNodeLocs[0];
+}
 
 float const * shp_TriInterpTables::getIntPntLocTblPtr(shp_Options const & options) {
     return shp_firstFit(integrationPoints, options).find(options);

@@ -18,8 +18,8 @@ constexpr auto triNodeWeights6 = [] {
     constexpr float e = 0.0679483f, f = 0.1505874f, g = 1.2571023f, h = -0.2717931f;
     constexpr shp_WeightRow<6> corner = {{a, b, b, c, d, c}};
     constexpr shp_WeightRow<6> midside = {{e, e, f, g, h, h}};
-    return shp_weightRows<6>({corner, shp_rotate(corner, 1), shp_rotate(corner, 2),
-                              midside, shp_rotate(midside, 1), shp_rotate(midside, 2)});
+    return shp_weightRows<6>({corner, shp_rotate(corner, 1), shp_rotate(corner, 2), midside, shp_rotate(midside, 1),
+                              shp_rotate(midside, 2)});
 }();
 
 constexpr shp_TableChoice nodeWeights[] = {

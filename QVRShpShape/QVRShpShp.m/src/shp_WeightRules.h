@@ -4,12 +4,12 @@
 #include <array>
 #include <cstddef>
 
-/// The rules that fill the weight tables, for the compiler. Rows are targets (nodes or faces), columns integration points;
-/// both count from 0. Points of a tensor product run g fastest, then h, then r. Levels of a line, a thickness or a tensor
-/// axis are numbered from -1 to 1.
+/// The rules that fill the weight tables, for the compiler. Rows are targets (nodes or faces), columns integration
+/// points; both count from 0. Points of a tensor product run g fastest, then h, then r. Levels of a line, a thickness
+/// or a tensor axis are numbered from -1 to 1.
 
-/// A row-major weight table. `Storage` is larger than rows times columns where a reader with another stride goes further:
-/// the entries behind the rows are 0.
+/// A row-major weight table. `Storage` is larger than rows times columns where a reader with another stride goes
+/// further: the entries behind the rows are 0.
 template <int Rows, int Columns, int Storage = Rows * Columns> struct shp_WeightTable {
     float entries[Storage] = {};
 
@@ -18,11 +18,17 @@ template <int Rows, int Columns, int Storage = Rows * Columns> struct shp_Weight
     constexpr float const * data() const { return entries; }
 };
 
-// One-dimensional rows: linear through -1/sqrt(3) and 1/sqrt(3), quadratic through -sqrt(3/5), 0 and sqrt(3/5), at the end
-// -1; the middle of the latter. A row at the end 1 is the same reversed.
+// One-dimensional rows: linear through -1/sqrt(3) and 1/sqrt(3), quadratic through -sqrt(3/5), 0 and sqrt(3/5), at the
+// end -1; the middle of the latter. A row at the end 1 is the same reversed.
 inline constexpr float shp_endOf2[] = {1.3660254f, -0.36602539f};
 inline constexpr float shp_endOf3[] = {1.4788306f, -0.66666669f, 0.1878361f};
 inline constexpr float shp_middleOf3[] = {0, 1, 0};
+
+// Averages over the points of a planar face or layer: the plain mean, the 3 by 3 Gauss average.
+inline constexpr float shp_average3[] = {0.333333f, 0.333333f, 0.333333f};
+inline constexpr float shp_average4[] = {0.25f, 0.25f, 0.25f, 0.25f};
+inline constexpr float shp_average9[] = {0.0771605f, 0.123457f,  0.0771605f, 0.123457f, 0.197531f,
+                                         0.123457f,  0.0771605f, 0.123457f,  0.0771605f};
 
 /// The table with these rows.
 template <int Columns, std::size_t Rows>
@@ -35,8 +41,7 @@ constexpr shp_WeightTable<static_cast<int>(Rows), Columns> shp_weightRows(float 
 }
 
 /// Each target takes one point: row n is the unit row of `points[n]`.
-template <int Columns, int Storage = 0, std::size_t Rows>
-constexpr auto shp_selectPoints(int const (&points)[Rows]) {
+template <int Columns, int Storage = 0, std::size_t Rows> constexpr auto shp_selectPoints(int const (&points)[Rows]) {
     constexpr int rows = static_cast<int>(Rows);
     shp_WeightTable<rows, Columns, (Storage > rows * Columns ? Storage : rows * Columns)> table;
     for (int row = 0; row < rows; ++row)
@@ -155,8 +160,7 @@ template <int Columns> struct shp_WeightRow {
     float entries[Columns] = {};
 };
 
-template <int Columns>
-constexpr shp_WeightRow<Columns> shp_rotate(shp_WeightRow<Columns> const & row, int steps) {
+template <int Columns> constexpr shp_WeightRow<Columns> shp_rotate(shp_WeightRow<Columns> const & row, int steps) {
     shp_WeightRow<Columns> rotated;
     for (int column = 0; column < Columns; ++column)
         rotated.entries[column / 3 * 3 + (column + steps) % 3] = row.entries[column];
@@ -164,8 +168,7 @@ constexpr shp_WeightRow<Columns> shp_rotate(shp_WeightRow<Columns> const & row, 
 }
 
 /// The levels of `perLevel` columns in reverse: the row of the target on the other side of the middle.
-template <int Columns>
-constexpr shp_WeightRow<Columns> shp_turnOver(shp_WeightRow<Columns> const & row, int perLevel) {
+template <int Columns> constexpr shp_WeightRow<Columns> shp_turnOver(shp_WeightRow<Columns> const & row, int perLevel) {
     shp_WeightRow<Columns> turned;
     for (int column = 0; column < Columns; ++column)
         turned.entries[Columns - perLevel - column / perLevel * perLevel + column % perLevel] = row.entries[column];
@@ -173,8 +176,7 @@ constexpr shp_WeightRow<Columns> shp_turnOver(shp_WeightRow<Columns> const & row
 }
 
 /// The columns of each level in reverse: the row of the target mirrored in g.
-template <int Columns>
-constexpr shp_WeightRow<Columns> shp_mirror(shp_WeightRow<Columns> const & row, int perLevel) {
+template <int Columns> constexpr shp_WeightRow<Columns> shp_mirror(shp_WeightRow<Columns> const & row, int perLevel) {
     shp_WeightRow<Columns> mirrored;
     for (int column = 0; column < Columns; ++column)
         mirrored.entries[column / perLevel * perLevel + perLevel - 1 - column % perLevel] = row.entries[column];
