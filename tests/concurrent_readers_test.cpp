@@ -38,7 +38,9 @@ std::vector<g3d_Storage> coordinatesOf(shp_Shape const & shape) {
     return coords;
 }
 
-void append(std::vector<float> & sum, float const * values, int count) { sum.insert(sum.end(), values, values + count); }
+void append(std::vector<float> & sum, float const * values, int count) {
+    sum.insert(sum.end(), values, values + count);
+}
 
 /// All that the operations of one shape give for a fixed input.
 std::vector<float> resultsOf(shp_Shape const & shape) {

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -98,7 +99,7 @@ TEST(Messages, TextThatWasPutInIsNeverSearched) {
 
 TEST(Messages, WhatIsNoPlaceholderOrHasNoValueStaysAsWritten) {
     atr_translate message("100% of %x: %d %s, 50%");
-    for (int position : {-1, 0, 3, 99})
+    for (int position : {INT_MIN, -1, 0, 3, INT_MAX})
         atr_SubstituteFormat(message, position, "nowhere");
     EXPECT_EQ(message.Result(), "100% of %x: %d %s, 50%");
     atr_SubstituteFormat(message, 2, "");

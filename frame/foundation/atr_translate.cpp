@@ -39,8 +39,9 @@ atr_translate::atr_translate(char const * format, QVRBasStringMode mode) {
 }
 
 void atr_translate::Substitute(int position, atr_StringBase const & value, QVRBasStringMode mode) {
+    int placeholder = 0;
     for (Piece & piece : pieces)
-        if (piece.isPlaceholder && --position == 0)
+        if (piece.isPlaceholder && ++placeholder == position)
             piece.text = QVRBasAtrStringMode::ModalToUTF8(atr_String(value), mode);
 }
 

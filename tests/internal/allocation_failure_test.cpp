@@ -24,9 +24,13 @@ namespace {
 int liveBlocks = 0;
 int allocationsUntilFailure = 0;
 
-bool failsNow(std::size_t) { return --allocationsUntilFailure == 0; }
+bool failsNow(std::size_t) {
+    return --allocationsUntilFailure == 0;
+}
 
-shp_ShapeDictionary & dictionary() { return omi_Singleton<shp_ShapeDictionary>::Instance(); }
+shp_ShapeDictionary & dictionary() {
+    return omi_Singleton<shp_ShapeDictionary>::Instance();
+}
 
 /// True if the request failed for want of memory at its n-th allocation, false if it succeeded before that.
 bool requestFailsAt(int n, cow_String const & label) {

@@ -7,13 +7,19 @@ namespace {
 std::map<std::pair<std::string, std::string>, DecisionCount> counts;
 std::string currentLabel;
 
-std::string fileName(std::string const & path) { return path.substr(path.find_last_of('/') + 1); }
+std::string fileName(std::string const & path) {
+    return path.substr(path.find_last_of('/') + 1);
+}
 
 } // namespace
 
-std::map<std::pair<std::string, std::string>, DecisionCount> const & decisionCounts() { return counts; }
+std::map<std::pair<std::string, std::string>, DecisionCount> const & decisionCounts() {
+    return counts;
+}
 
-void countDecisionsFor(std::string label) { currentLabel = std::move(label); }
+void countDecisionsFor(std::string label) {
+    currentLabel = std::move(label);
+}
 
 void shp_traceDecision(char const * file, char const * function, std::size_t numRows, std::size_t row) {
     if (currentLabel.empty())

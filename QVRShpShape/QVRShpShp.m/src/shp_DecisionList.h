@@ -41,8 +41,8 @@ template <class Result> struct shp_Choice {
 
     constexpr bool fits(shp_Options const & o, int f) const {
         return shape.holds(o.Shape()) && nodes.holds(o.NumNodes()) && o.NumNodes() != notNodes &&
-               points.holds(o.NumIntPnts()) && face.holds(f) &&
-               hasAny(o, with) && hasAny(o, also) && hasNone(o, without);
+               points.holds(o.NumIntPnts()) && face.holds(f) && hasAny(o, with) && hasAny(o, also) &&
+               hasNone(o, without);
     }
 
 private:
