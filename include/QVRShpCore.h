@@ -1,8 +1,8 @@
 #ifndef QVRShpCore_h
 #define QVRShpCore_h
 
-/// The whole public interface in one include. Each class also has its own header, and callers in a hurry to compile take
-/// shp_ShapeDictionary.h, shp_Shape.h and uti_CoordCont3D.h alone.
+/// The whole public interface in one include. Each class also has its own header, and callers in a hurry to compile
+/// take shp_ShapeDictionary.h, shp_Shape.h and uti_CoordCont3D.h alone.
 
 #include "LongKey.h"
 #include "QVRBasAtrStringMode.h"

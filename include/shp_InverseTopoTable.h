@@ -10,9 +10,8 @@ class shp_Topology;
 /// these two nodes, which faces and edges touch this node, which edge uses are the same physical edge. Built once per
 /// shp_Shape, read-only afterwards. It speaks of the base element: a CAXA element has the tables of its section.
 ///
-/// - An edge use is a pair (face, edge of that face, 0 to 3); a physical edge has a use in each face that it belongs
-/// to.
-///   In a mask the use has the bit 4 * face + edge. An element of one or two dimensions has the single face 0.
+/// - An edge use is a pair (face, edge of that face, 0 to 3); a physical edge has a use in each of its faces. In a
+///   mask the use has the bit 4 * face + edge. An element of one or two dimensions has the single face 0.
 /// - A key of two corners a, b is b * 16 + a; of three corners a, b, c it is (c * 16 + b) * 16 + a. Corner numbers are
 ///   below 16. With m the largest corner number, tables over two corners have m * 17 + 1 entries, over three corners
 ///   m * 273 + 1.
@@ -51,8 +50,8 @@ public:
     void EdgeEnds(int face, int edge, int * ends) const;
 
     /// All edge uses that hold `node` (midside nodes count), in the order of their bits: faces[i], edges[i] for i below
-    /// `count`. `faces` and `edges` need room for 24 entries; neither they nor a negative or surplus node number do any
-    /// harm beyond that: numbers that no edge knows give 0.
+    /// `count`. `faces` and `edges` need room for 24 entries. Any `node` may be asked for: one that no edge holds, a
+    /// negative number among them, gives a `count` of 0.
     void EdgesFromNode(int node, int & count, int * faces, int * edges) const;
 
     /// All uses of the edge whose ends are the two nodes, in face order; `count` is 0 when they are not the two ends of

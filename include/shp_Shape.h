@@ -19,6 +19,7 @@ public:
 
     void SetShapeRef(unsigned int ref) { shapeRef = ref; }
 
+    /// The label. Threads that share the shape read it by CStr(): a copy counts on an integer that all copies share.
     atr_String label;
     unsigned int shapeRef = 0; ///< number of this shape in its dictionary, from 0 in the order of first use
 };

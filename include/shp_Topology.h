@@ -255,7 +255,7 @@ public:
     /// Own table: the shape functions at the face centres, `[faces][baseNodesPerElem]`; edges in two-dimensional space.
     float * faceCenterNodeWeights = nullptr;
 
-    float const * intPtLocationTable = nullptr;      ///< `[numIntPtsPerElem][3]`; own table of a layered solid
+    float const * intPtLocationTable = nullptr;      ///< `[baseIntPtsPerElem][3]`; own table of a layered solid
     float const * centerLocation = nullptr;          ///< `[3]`
     float const * nodeLocationTable = nullptr;       ///< `[baseNodesPerElem][3]`
     float const * faceCenterLocationTable = nullptr; ///< `[faces][3]`; edges in two-dimensional space
@@ -306,9 +306,6 @@ private:
     void stackLayers();
     void buildIntPointNodeWeights();
 
-    /// Any output position but those with a rule of their own: reports it, then `numFloats` zeros.
-    static void rejectPosition(char const * method, res_OutputPositionEnm position, float * out, int numPoints,
-                               int numComps);
     /// One node plane of a CAXA element, at `angle` degrees, into `nodal[baseNodesPerElem][numComps]`.
     void GetNodalValueFromIntPlanes(float angle, float const * values, float * nodal, int numComps,
                                     res_OutputPositionEnm position) const;

@@ -27,4 +27,5 @@ need_packages() {
 }
 
 build_packages=(g++:g++ cmake:cmake ninja:ninja-build)
-test_packages=("${build_packages[@]}" /usr/include/gtest/gtest.h:libgtest-dev)
+test_packages=("${build_packages[@]}" /usr/include/gtest/gtest.h:libgtest-dev
+    /usr/share/i18n/charmaps/ISO-8859-1.gz:locales)

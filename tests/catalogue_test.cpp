@@ -137,6 +137,28 @@ TEST_F(Catalogue, LabelsThatLookLikeSlips) {
     }
 }
 
+TEST(Options, TakeTheLowestBitOfEachGroup) {
+    unsigned int const two[] = {shp_keyPyramid, shp_keyPrism, shp_keyIntPts11, shp_keyIntPts27, shp_keyNodes27,
+                                shp_keyNodes24, shp_keyMode4, shp_keyMode2,    shp_keyCaxa,     shp_key3D};
+    LongKey key;
+    key.setBits(10, two);
+    shp_Options options(key);
+    EXPECT_EQ(options.Shape(), 7);
+    EXPECT_EQ(options.NumIntPnts(), 27);
+    EXPECT_EQ(options.NumNodes(), 24);
+    EXPECT_EQ(options.Mode(), 2);
+    EXPECT_FALSE(options.Is2D());
+
+    // The node count can be overruled; the key then says something else.
+    options.SetNumNodes(20);
+    shp_Options const copy(options);
+    EXPECT_EQ(copy.NumNodes(), 20);
+    EXPECT_TRUE(copy.IsType(shp_keyNodes24));
+    EXPECT_FALSE(copy.IsType(shp_keyNodes20));
+    for (int noBit : {-1, 128, 0x7fffffff})
+        EXPECT_FALSE(copy.IsType(noBit)) << noBit;
+}
+
 TEST_F(Catalogue, ModeKeys) {
     for (char const * label : {"C3D6C1", "C3D6C2", "C3D15VHC2", "C3D8C4", "C3D8C", "CAXA4", "CAXA45", "SAXA10"})
         EXPECT_FALSE(isKnown(label)) << label;
@@ -151,6 +173,7 @@ TEST_F(Catalogue, ModeKeys) {
     dictionary.BuildModeKeys("MANY", 1000, 2, plain); // there are four modes
     EXPECT_EQ(dictionary.Keys().Length(), 866);
     EXPECT_EQ(bits(key("MANY4")), (std::set<unsigned int>{shp_keyQuad, shp_keyNodes4, shp_keyMode4}));
+    EXPECT_EQ(shp_Options(key("MANY4")).Mode(), 0); // neither layers nor planes: its mode means nothing
 
     unsigned int const prism[] = {shp_keyLayeredSolid, shp_keyPrism};
     dictionary.BuildModeKeys("PRISM", 0, 2, prism); // the count does not matter here

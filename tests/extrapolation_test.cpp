@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstring>
 #include <limits>
 #include <random>
@@ -255,35 +256,27 @@ TEST(NodePlanes, LieOnTheLineThroughTheirNeighbours) {
     });
 }
 
-// Between plane p and p + 1 no other plane has a part, and an end plane has none beside itself.
-TEST(NodePlanes, TakeNothingFromPlanesThatAreNotTheirNeighbours) {
+// An integration plane's own angle belongs to the interval that ends there; the blend is made in float.
+TEST(NodePlanes, AreTheFloatBlendOfTheirTwoNeighboursAndOfNoOther) {
     forEachCaxa([](shp_Topology const & t, int mode) {
-        int const last = 2 * mode + 1;
+        int const last = 2 * mode + 1, planeSize = 2 * t.BaseIntPtsPerElem();
+        float const step = 180.0f / static_cast<float>(last);
+        Floats const values = randomValues((last + 1) * planeSize);
+        Floats const nodal = toPlanes(t, values, atPoints, 2);
+        auto first = nodal.begin();
         for (int k = 0; k <= mode; ++k) {
-            int const lower = k == 0 ? 0 : k == mode ? last : k * last / mode;
-            int const upper = k == 0 || k == mode ? lower : lower + 1;
-            Floats values = randomValues((last + 1) * t.BaseIntPtsPerElem());
-            Floats changed = values;
-            for (int plane = 0; plane <= last; ++plane)
-                if (plane != lower && plane != upper)
-                    std::fill_n(changed.begin() + plane * t.BaseIntPtsPerElem(), t.BaseIntPtsPerElem(), -7.0f);
-            Floats const before = toPlanes(t, values, atPoints, 1), after = toPlanes(t, changed, atPoints, 1);
-            for (int i = k * t.BaseNodesPerElem(); i < (k + 1) * t.BaseNodesPerElem(); ++i)
-                EXPECT_NEAR(before[static_cast<std::size_t>(i)], after[static_cast<std::size_t>(i)], 1e-3)
-                    << "plane " << k;
+            int const lower = std::max((k * last + mode - 1) / mode - 1, 0);
+            float const angle = static_cast<float>(k) * (180.0f / static_cast<float>(mode));
+            float const share = (angle - static_cast<float>(lower) * step) / step;
+            Floats blend;
+            for (auto low = values.begin() + lower * planeSize, up = low + planeSize; up != low + 2 * planeSize; ++up)
+                blend.push_back(up[-planeSize] + (*up - up[-planeSize]) * share);
+            Floats const expected = toNodes(t, blend, atPoints, 2);
+            auto const end = first + static_cast<std::ptrdiff_t>(expected.size());
+            EXPECT_TRUE(sameBits({first, end}, expected)) << "plane " << k;
+            first = end;
         }
     });
-}
-
-TEST(NodePlanes, AtTheEndsAreTheEndPlanesExactly) {
-    shp_Topology const & t = shapeOf("CAXA41");
-    Floats const values = randomValues(4 * 4); // four planes of four points; no plane's rounding is left
-    Floats const nodal = toPlanes(t, values, atPoints, 1);
-    Floats const first = toNodes(t, {values.begin(), values.begin() + 4}, atPoints, 1);
-    Floats const last = toNodes(t, {values.end() - 4, values.end()}, atPoints, 1);
-    EXPECT_TRUE(sameBits({nodal.begin(), nodal.begin() + 4}, first));
-    for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_NEAR(nodal[4 + i], last[i], 1e-3);
 }
 
 TEST(NodePlanes, CopyNodalValuesAndBlendWholeElementValues) {

@@ -160,8 +160,7 @@ TEST(GeomUtils, EqualValueIncludesItsTolerance) {
     EXPECT_FALSE(g3d_GeomUtils::EqualValue(std::nan(""), std::nan(""), 1.0));
 }
 
-// ---- the coordinate container against a plain model
-// ------------------------------------------------------------------
+// The coordinate container against a plain model.
 
 void expectSame(uti_CoordCont3D const & container, std::map<int, std::array<float, 3>> const & model, int length) {
     EXPECT_EQ(container.Length(), length);

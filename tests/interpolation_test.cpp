@@ -268,6 +268,23 @@ TEST(Jacobian, OfALineKeepsTheFirstCoordinateThatVaries) {
     EXPECT_EQ(jacobianOf("T3D2", {{1, 0, 0}, {1, 0, 0}}), (Matrix{{0, 0, 1}, {0, 1, 0}, {0, 0, 0}}));
 }
 
+// What float cannot tell from 0 still varies along the element when positions are doubles.
+TEST(Jacobian, AsksForZeroInThePrecisionOfItsPositions) {
+    float iso[3] = {};
+    auto const from = [&](char const * label, std::vector<g3d_Storage> const & coords) {
+        return upperLeft(shapeOf(label).ShapeFunctionJacobian(coords.data(), iso));
+    };
+    EXPECT_EQ(from("T3D2", {{0, 0, 0}, {1e-60, 8, 2}}), (Matrix{{0, 0, 0}, {0, 1, 0}, {0, 0, 1}}));
+    EXPECT_EQ(from("S3", {{0, 0, 0}, {1, 0, 2}, {0, 1e-60, 3}}), (Matrix{{1, 0, 0}, {0, 0, 0}, {2, 3, 1}}));
+    g3d_Point const line[] = {{0, 0, 0}, {1e-30f, 8, 2}};
+    EXPECT_EQ(upperLeft(shapeOf("T3D2").ShapeFunctionJacobian(line, iso)),
+              (Matrix{{0.5e-30f, 0, 0}, {0, 1, 0}, {0, 0, 1}}));
+    // In float the product of two such slopes is 0.
+    g3d_Point const triangle[] = {{0, 0, 0}, {1e-30f, 0, 2}, {0, 1e-30f, 3}};
+    EXPECT_EQ(upperLeft(shapeOf("S3").ShapeFunctionJacobian(triangle, iso)),
+              (Matrix{{1e-30f, 0, 0}, {0, 1e-30f, 1}, {2, 3, 0}}));
+}
+
 TEST(Centroid, LeavesOutANodeAtThePlaceOfTheOneBefore) {
     shp_Topology const & brick = shapeOf("C3D8");
     std::vector<g3d_Storage> corners = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0},

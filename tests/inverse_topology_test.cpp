@@ -312,7 +312,9 @@ TEST(InverseTopology, KeysThatFitNoElementGetTheTableOfAPoint) {
         {},
         {shp_keyHex, shp_key3D},
         {shp_keyHex, shp_keyNodes5, shp_key3D},
+        {shp_keyHex, shp_keyNodes12, shp_key3D},
         {shp_keyHex, shp_keyNodes12, shp_keyInfinite, shp_keyCylindrical, shp_key3D},
+        {shp_keyHex, shp_keyNodes18, shp_key3D},
         {shp_keyQuad, shp_keyNodes5, shp_key2D},
         {shp_keyPrism, shp_keyNodes8, shp_key3D},
     };

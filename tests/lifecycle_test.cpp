@@ -159,6 +159,8 @@ TEST_F(Lifecycle, PartsStartedBeforehandAreNotCountedAgain) {
 TEST_F(Lifecycle, DictionaryGoesWithTheShapesPartAlone) {
     shapeOf("C3D8");
     int level = 0;
+    QVRShpShp_initialize(level);
+    QVRShpShp_finalize(level);
     QVRShpOdi_finalize(level);
     EXPECT_TRUE(isDictionaryAlive());
     QVRShpShp_finalize(level);

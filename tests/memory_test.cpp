@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstring>
 #include <limits>
 #include <typeinfo>
@@ -65,8 +66,7 @@ TEST(Memory, ReallocationKeepsTheBytes) {
     mem_SetFailureHook(nullptr);
 }
 
-// ---- singletons
-// ------------------------------------------------------------------------------------------------------
+// Singletons.
 
 /// A singleton of this program's own, with virtual operations, so that its two parts have different addresses.
 class Recorder : public omi_Singleton<Recorder> {

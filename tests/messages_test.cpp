@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <clocale>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -111,6 +112,8 @@ TEST(Messages, TheTranslatedFormatIsTheOneThatIsCut) {
     Translated const german([](char const * text) -> char const * {
         if (std::string(text) == "%s: Unsupported position %s")
             return "nicht unterst\xc3\xbctzt, %d: %s";
+        if (std::string(text) == "The system ran out of memory")
+            return "kein Speicher";
         return std::string(text) == "raw" ? "roh" : nullptr;
     });
     Listener listener;
@@ -119,7 +122,36 @@ TEST(Messages, TheTranslatedFormatIsTheOneThatIsCut) {
     EXPECT_EQ(listener.heard, (std::vector<std::string>{"nicht unterst\xc3\xbctzt, shp_Shape::ExtrapolateToNodes: 1",
                                                         "Average volume/area negative."}));
     EXPECT_EQ(atr_raw("raw"), "raw");
+    EXPECT_EQ(mem_OutOfMemoryException().UserReport(utf8), "kein Speicher");
+    {
+        Translated const otherwise([](char const *) { return "crudo"; });
+        EXPECT_EQ(atr_translate("raw").Result(), "crudo");
+    }
     EXPECT_EQ(atr_translate("raw").Result(), "roh");
+}
+
+TEST(Messages, EveryTextIsInTheEncodingOfItsMode) {
+    if (std::setlocale(LC_CTYPE, "en_US.ISO-8859-1") == nullptr)
+        GTEST_SKIP() << "no Latin-1 locale is installed";
+    QVRBasStringMode const latin(1);
+    Translated const french([](char const * text) -> char const * {
+        return std::string(text) == "K\xc3\xa4se: %s" ? "Fromage \xc3\xa0 %s" : nullptr;
+    });
+    atr_translate message("K\xe4se: %s", latin);
+    atr_SubstituteFormat(message, 1, "\xfc", latin);
+    EXPECT_EQ(message.Result(utf8), "Fromage \xc3\xa0 \xc3\xbc");
+    EXPECT_EQ(message.Result(latin), "Fromage \xe0 \xfc");
+
+    for (QVRBasStringMode const mode : {utf8, latin}) {
+        PrimException const raised(message.Result(mode), mode);
+        EXPECT_EQ(raised.UserReport(utf8), message.Result(utf8));
+        EXPECT_EQ(raised.UserReport(latin), message.Result(latin));
+
+        testing::internal::CaptureStderr();
+        omi_Singleton<wip_WIP>::Instance().Error(message.Result(mode), wip_errorLevel_ERROR, mode);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "Fromage \xe0 \xfc\n");
+    }
+    std::setlocale(LC_CTYPE, "C");
 }
 
 TEST(Sink, ShowsOneLineUnlessItIsRedirected) {
@@ -135,6 +167,30 @@ TEST(Sink, ShowsOneLineUnlessItIsRedirected) {
     omi_Singleton<wip_WIP>::Instance().Error("", wip_errorLevel_NOTE, utf8);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "shp_Shape::ExtrapolateToFaces: Unsupported position -15\n"
                                                       "corrupt.  Rerun\n\n");
+}
+
+TEST(Sink, HandlerGetsTheMessageAsItWasGiven) {
+    auto & sink = omi_Singleton<wip_WIP>::Instance();
+    bool isLocale = false;
+    sink.SetHandler(
+        [](atr_String const & message, wip_errorLevelEnm level, QVRBasStringMode mode, void * context) {
+            EXPECT_EQ(message, "\xfc\n");
+            EXPECT_EQ(level, 7);
+            *static_cast<bool *>(context) = mode.IsLocale();
+        },
+        &isLocale);
+    sink.Error("\xfc\n", static_cast<wip_errorLevelEnm>(7), QVRBasStringMode(1));
+    EXPECT_TRUE(isLocale);
+    sink.SetHandler(nullptr);
+}
+
+TEST(Sink, CanBeMadeAnewAnyNumberOfTimes) {
+    for (int i = 0; i < 100; ++i) {
+        Listener listener;
+        shp_MessageTypes::ErrorAvrgVolumeAreaNegative();
+        EXPECT_EQ(listener.heard.size(), 1u);
+        omi_SingletonBase<wip_WIP>::Finalize();
+    }
 }
 
 TEST(Sink, WhatTheHostRaisesReachesTheCaller) {

@@ -126,8 +126,7 @@ TEST(OrderedMap, IteratorsAreIndependentAndStandStillBeforeFirst) {
     EXPECT_EQ(slow.CurrentValue(), 1000001);
 }
 
-// ---- failed allocations
-// ----------------------------------------------------------------------------------------------
+// Failed allocations.
 
 int allocationsToGo = 0;
 bool refuseAtZero(std::size_t) {

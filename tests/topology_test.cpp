@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstring>
 #include <initializer_list>
+#include <map>
 #include <numeric>
 #include <string>
 #include <vector>
@@ -116,12 +117,61 @@ TEST(TopologyNumbers, OfTheLargestIntegrationPointCountFollowTheModelNotTheTable
     EXPECT_EQ(shapeOf("C3D15V").interpolationOrder, 2);
 }
 
+// Midside nodes make an element second-order; along a cylinder's or a cohesive solid's they make it third.
+TEST(TopologyNumbers, OrderFollowsTheEdgesAndClassShapeAndOrder) {
+    std::map<int, std::vector<int>> const classes = {
+        // shape: first order, second and third
+        {shp_keyPoint, {0}},  {shp_keyARS, {0}},        {shp_keyLine, {1, 2}},
+        {shp_keyTri, {3, 4}}, {shp_keyQuad, {5, 6}},    {shp_keyTetra, {12, 13}},
+        {shp_keyHex, {8, 9}}, {shp_keyPrism, {10, 11}}, {shp_keyPyramid, {14}},
+    };
+    forEachLabel([&](shp_Topology const & t) {
+        bool hasMidsides = false;
+        for (int face = 0; face < t.NumFacesPerElem(); ++face)
+            for (int edge = 0; edge < t.NumEdgesPerFace(face); ++edge)
+                hasMidsides |= t.BaseNodesPerEdge(face, edge) > 2;
+        bool const isThird = t.isCylindrical || (t.isCohesive && t.NumGeometryDimensions() == 3);
+        EXPECT_EQ(t.interpolationOrder, !hasMidsides ? 1 : isThird ? 3 : 2);
+        bool const isNineNodeQuad = t.options.Shape() == shp_keyQuad && t.BaseNodesPerElem() == 9;
+        EXPECT_EQ(t.interpolationClass, isNineNodeQuad ? 7 : classes.at(t.options.Shape())[hasMidsides ? 1u : 0u]);
+    });
+}
+
+TEST(TopologyFlags, GoWithTheLabel) {
+    omi_BtreeIterator<cow_String, void *> labels(dictionary().Keys());
+    for (bool isLabel = labels.First(); isLabel; isLabel = labels.Next()) {
+        std::string const label = labels.CurrentKey().CStr();
+        SCOPED_TRACE(label);
+        shp_Topology const & t = shapeOf(label.c_str());
+        auto const beginsWith = [&](char const * text) { return label.starts_with(text); };
+        auto const contains = [&](char const * text) { return label.find(text) != std::string::npos; };
+        bool const isThermalPipe = beginsWith("FP") && (label.ends_with('T') || label.ends_with('Q'));
+        EXPECT_EQ(t.isTwistedElement, contains("GAX"));
+        EXPECT_EQ(t.isContinuumShell, beginsWith("SC"));
+        EXPECT_EQ(t.isGasket, beginsWith("GK") || label == "LS6" || label == "USI6O");
+        EXPECT_EQ(t.isCohesive, beginsWith("COH") || beginsWith("COD"));
+        EXPECT_EQ(t.isCylindrical,
+                  beginsWith("CCL") || beginsWith("MCL") || beginsWith("SFMCL") || label == "CYLSURF1");
+        EXPECT_EQ(t.isRigid, beginsWith("R") && label != "ROTARYI");
+        EXPECT_EQ(t.hasResults, !t.isRigid);
+        EXPECT_EQ(t.isAnalyticalRigidSurface, beginsWith("ARS"));
+        EXPECT_EQ(t.isFluidpipeThermal, isThermalPipe && !contains("A"));
+        EXPECT_EQ(t.isFluidpipeAnnulusThermal, isThermalPipe && contains("A"));
+        EXPECT_FALSE(t.isUnassigned73);
+    }
+    EXPECT_TRUE(shapeOf("SPRING2").isInteraction && shapeOf("R3D4").isInteraction);
+    EXPECT_FALSE(shapeOf("ALE3D").isInteraction || shapeOf("ARSR").isInteraction);
+    EXPECT_TRUE(shapeOf("DC3D8").isNodalWeighted && shapeOf("DC3D6").isNodalWeighted);
+    EXPECT_FALSE(shapeOf("C3D8").isNodalWeighted);
+}
+
 TEST(TopologyFlags, TellHowASectionIsExpanded) {
     EXPECT_TRUE(shapeOf("CAX4").isSweepable);
     EXPECT_TRUE(shapeOf("CAXA42").isSweepable);
     EXPECT_TRUE(shapeOf("CPS4").isExtrudable);
     EXPECT_TRUE(shapeOf("LSURF1").isExtrudable); // a surface of a coupling keeps what other internal surfaces lose
     EXPECT_TRUE(shapeOf("ARSR").isSweepable);
+    EXPECT_TRUE(shapeOf("ALEAXI").isSweepable); // internal, but no surface
     for (char const * label : {"S4", "C3D8", "AXIINT2"}) {
         EXPECT_FALSE(shapeOf(label).isSweepable) << label;
         EXPECT_FALSE(shapeOf(label).isExtrudable) << label;
@@ -195,7 +245,7 @@ struct LayeredSolid {
     explicit LayeredSolid(shp_Topology const & t)
         : solid(t), section(sectionKey(t)), stackAxis(t.options.Shape() == shp_keyPrism ? 2 : t.options.Mode() - 1) {
         int const orderOfSides[3][4] = {{0, 4, 1, 2}, {0, 3, 1, 5}, {2, 3, 4, 5}};
-        sides.assign(orderOfSides[stackAxis], orderOfSides[stackAxis] + t.NumFacesPerElem() - 2);
+        sides.assign(orderOfSides[stackAxis], orderOfSides[stackAxis] + (t.NumFacesPerElem() - 2));
     }
 
     static LongKey sectionKey(shp_Topology const & t) {

@@ -278,6 +278,9 @@ TEST(ShapeFunctions, EverySetIsASubjectAndIsChosenByItsOptions) {
         SCOPED_TRACE(s.name);
         EXPECT_STREQ(all.sets[i]->name, s.name);
         EXPECT_EQ(shp_valueSet(optionsOf(s)), all.sets[i]);
+        if (all.sets[i]->directions > 0) {
+            EXPECT_EQ(shp_derivativeSet(optionsOf(s)), all.sets[i]);
+        }
         EXPECT_EQ(all.sets[i]->count, s.nodes);
         EXPECT_EQ(all.sets[i]->directions == 0, all.sets[i]->derivatives == nullptr);
         EXPECT_EQ(all.sets[i]->directions == 0, all.sets[i]->gradient == nullptr);

@@ -13,7 +13,6 @@ namespace {
 constexpr int maxFaces = 6;
 constexpr int maxEdgesOfFace = 4;
 constexpr int maxCornersOfFace = 4;
-constexpr int maxCorners = 8;
 constexpr int maxEdgeUses = maxFaces * maxEdgesOfFace;
 constexpr int endsPerEdge = 2;
 constexpr int keyBase = 16; ///< corner numbers stay below it
@@ -46,8 +45,7 @@ template <class T> T * newArray(int count, T const & fill = T{}) {
 }
 
 template <class T> void release(T *& array) {
-    if (array)
-        mem_Free(array);
+    mem_Free(array);
     array = nullptr;
 }
 
@@ -74,15 +72,13 @@ public:
     /// Stops, and is not complete(), at the first edge that the topology's tables do not describe.
     explicit EdgeList(shp_Topology const & topology) : good(hasTables(topology)) {
         int const faces = topology.NumGeometryDimensions() == 3 ? topology.NumFacesPerElem() : 1;
-        good = good && faces <= maxFaces;
-        for (int face = 0; good && face < faces; ++face) {
-            good = topology.NumEdgesPerFace(face) <= maxEdgesOfFace;
+        for (int face = 0; good && face < faces; ++face)
             for (int edge = 0; good && edge < topology.NumEdgesPerFace(face); ++edge)
                 append(topology, face, edge);
-        }
     }
 
-    bool complete() const { return good && count > 0; }
+    /// False for keys made by hand whose tables are missing or of different elements.
+    bool complete() const { return good; }
     int size() const { return count; }
     Use const * begin() const { return uses; }
     Use const * end() const { return uses + count; }
@@ -120,7 +116,6 @@ public:
         }
     }
 
-    bool complete() const { return good; }
     int size() const { return count; }
     int largest() const { return *std::max_element(begin(), end()); }
     bool contains(int node) const { return std::find(begin(), end(), node) != end(); }
@@ -129,23 +124,13 @@ public:
 
 private:
     void add(int node) {
-        if (contains(node))
-            return;
-        good = count < maxCorners;
-        if (good)
+        if (!contains(node))
             nodes[count++] = node;
     }
 
-    bool good = true;
     int count = 0;
-    int nodes[maxCorners];
+    int nodes[keyBase];
 };
-
-/// False for keys made by hand whose tables are missing or of different elements.
-bool tablesFitTogether(shp_Topology const & topology) {
-    EdgeList const edges(topology);
-    return edges.complete() && CornerList(edges).complete();
-}
 
 bool edgeHoldsNode(shp_Topology const & topology, Use const & use, int node) {
     for (int i = 0; i < topology.BaseNodesPerEdge(use.face, use.edge); ++i)
@@ -355,7 +340,7 @@ shp_InverseTopoTable::~shp_InverseTopoTable() {
 void shp_InverseTopoTable::BuildTables(shp_Topology const & topology) {
     int const numNodes = topology.BaseNodesPerElem();
     int const dimensions = topology.NumGeometryDimensions();
-    bool const hasEdges = numNodes >= 2 && dimensions >= 1 && dimensions <= 3 && tablesFitTogether(topology);
+    bool const hasEdges = numNodes >= 2 && dimensions >= 1 && dimensions <= 3 && EdgeList(topology).complete();
     if (!hasEdges)
         Build0DTables(topology);
     else if (dimensions == 1)

@@ -2,6 +2,8 @@
 
 #include "shp_KeyBit.h"
 
+#include <cstddef>
+
 namespace {
 
 /// Counts in the order of their bits: the bits from shp_keyNodes1, from shp_keyIntPts1, from shp_keyMode1.

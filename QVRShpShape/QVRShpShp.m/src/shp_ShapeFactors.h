@@ -10,7 +10,7 @@
 /// operations: a compiler that sees them side by side computes it once, without changing a bit.
 namespace shp_shape {
 
-// --- along one axis ----------------------------------------------------------------------------------------------
+// --- along one axis
 
 /// 1 at x = -1, 0 at x = 1.
 struct l1 {
@@ -68,7 +68,7 @@ struct k {
     static float value(float x) { return 2 / (1 - x); }
 };
 
-// --- in the plane of a quadrilateral --------------------------------------------------------------------------------
+// --- in the plane of a quadrilateral
 
 template <class InG, class InH> struct Product {
     static float value(float g, float h, float) { return InG::value(g) * InH::value(h); }
@@ -112,7 +112,6 @@ using T8 = Product<q1, q0>;
 using T9 = Product<q0, q0>;
 
 // --- barycentric, of triangle and tetrahedron
-// -------------------------------------------------------------------------
 
 /// A coordinate that is linear with whole slopes.
 template <int G, int H, int R> struct Barycentric {
@@ -191,7 +190,6 @@ using C5 = BarycentricMidside<A2, A3>;
 using C6 = BarycentricMidside<A3, A1>;
 
 // --- nodes of lines and solids
-// ----------------------------------------------------------------------------------------
 
 /// A factor along g alone: a node of a line.
 template <class Factor> struct OnLine {

@@ -9,7 +9,6 @@
 namespace shp_shape {
 
 // --- point and line
-// ---------------------------------------------------------------------------------------------------
 
 struct Point1 : Set<0, Nodes<Constant<1>>> {
     static constexpr char name[] = "Point1";
@@ -23,7 +22,6 @@ struct Line3 : Set<1, Nodes<OnLine<q1>, OnLine<q0>, OnLine<q2>>> {
 };
 
 // --- triangle
-// ---------------------------------------------------------------------------------------------------------
 
 using TriLinear = Nodes<A1, A2, A3>;
 using TriCorners = Nodes<C1, C2, C3>;
@@ -37,7 +35,6 @@ struct Tri6 : Set<2, Join<TriCorners, TriMidsides>> {
 };
 
 // --- quadrilateral
-// ----------------------------------------------------------------------------------------------------
 
 using Bilinear = Nodes<B1, B2, B3, B4>;
 using SerendipityCorners = Nodes<S1, S2, S3, S4>;
@@ -89,10 +86,10 @@ struct Quad9 : Set<2, Join<BiquadraticCorners, BiquadraticMidsides, BiquadraticC
 };
 
 // --- infinite elements
-// ------------------------------------------------------------------------------------------------ Their functions map
-// the geometry out to the pole; their derivatives belong to other functions, which describe a field that vanishes at
-// the pole: the same nodes with polynomial factors in the place of m1, m2 and k. Both come out of one list, with the
-// factors of the near ring, of the far ring and of a near midside as parameters.
+
+// Their functions map the geometry out to the pole; their derivatives belong to other functions, which describe a field
+// that vanishes at the pole: the same nodes with polynomial factors in the place of m1, m2 and k. Both come out of one
+// list, with the factors of the near ring, of the far ring and of a near midside as parameters.
 
 template <class Near, class Far>
 using InfiniteQuad4 = Nodes<Product<l1, Near>, Product<l2, Near>, Product<l2, Far>, Product<l1, Far>>;
@@ -133,7 +130,6 @@ struct HexInfinite18 : Set<3, InfiniteHex18<m1, m2>, InfiniteHex18<q1, q0>> {
 };
 
 // --- tetrahedron
-// ------------------------------------------------------------------------------------------------------
 
 struct Tetra4 : Set<3, Nodes<TetraRest, AlongG, AlongH, AlongR>> {
     static constexpr char name[] = "Tetra4";
@@ -147,7 +143,6 @@ struct Tetra10
 };
 
 // --- hexahedron
-// -------------------------------------------------------------------------------------------------------
 
 struct Hex8 : Set<3, Join<Ring<l1, Bilinear>, Ring<l2, Bilinear>>> {
     static constexpr char name[] = "Hex8";
@@ -179,7 +174,6 @@ struct HexGasket18
 };
 
 // --- prism and pyramid
-// ------------------------------------------------------------------------------------------------
 
 using PrismSerendipity = Join<Nodes<PrismCorner<A1, l1>, PrismCorner<A2, l1>, PrismCorner<A3, l1>>,
                               Nodes<PrismCorner<A1, l2>, PrismCorner<A2, l2>, PrismCorner<A3, l2>>,
