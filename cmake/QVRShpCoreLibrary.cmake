@@ -35,6 +35,11 @@ add_library(QVRShpCore::QVRShpCore ALIAS QVRShpCore)
 qvrshpcore_configure(QVRShpCore)
 set_target_properties(QVRShpCore PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
 
+if(UNIX AND NOT APPLE)
+  target_link_options(QVRShpCore PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/QVRShpCore.map)
+  set_target_properties(QVRShpCore PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/QVRShpCore.map)
+endif()
+
 # Nothing may be left to be found at run time; clang's sanitizers are, by design.
 if(NOT (CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND "${CMAKE_CXX_FLAGS}" MATCHES "-fsanitize"))
   target_link_options(QVRShpCore PRIVATE -Wl,--no-undefined)

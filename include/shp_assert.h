@@ -5,7 +5,7 @@
 
 /// What shp_assert has a text for. Every other number is legal and has an empty one.
 enum shp_ErrorEnm : int {
-    shp_Error_INVALID_SURFACE_SKETCH = 0,
+    shp_Error_Surface_Sketch_is_not_valid_ = 0,
 };
 
 /// Raises nex_PrimException<atr_String, 1> with the text of `code` when `condition` does not hold.

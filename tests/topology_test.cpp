@@ -117,7 +117,7 @@ TEST(TopologyNumbers, OfTheLargestIntegrationPointCountFollowTheModelNotTheTable
     EXPECT_EQ(shapeOf("C3D15V").interpolationOrder, 2);
 }
 
-// Midside nodes make an element second-order; along a cylinder's or a cohesive solid's they make it third.
+// Midside nodes make an element second-order, and third-order where it is cylindrical or a cohesive solid.
 TEST(TopologyNumbers, OrderFollowsTheEdgesAndClassShapeAndOrder) {
     std::map<int, std::vector<int>> const classes = {
         // shape: first order, second and third
