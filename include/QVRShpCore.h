@@ -39,6 +39,7 @@
 #include "res_OutputPositionEnm.h"
 #include "shp_BodyOperators.h"
 #include "shp_ConnectivityTables.h"
+#include "shp_FaceTangents.h"
 #include "shp_HexInterpTables.h"
 #include "shp_InterpolationTables.h"
 #include "shp_InverseTopoTable.h"

@@ -2,6 +2,7 @@
 #define shp_ConnectivityTables_h
 
 #include "QVRShpCore_Export.h"
+#include "shp_FaceTangents.h"
 #include "shp_Options.h"
 
 /// The node numbering of every element type: which nodes make up each face and each edge, in which order, how the
@@ -47,8 +48,15 @@ public:
     /// 15 nodes is not defined; its entries from 15 on name the node itself.
     static int const * getRevConnTblPtr(shp_Options const & options);
 
-    /// Each edge of the element once, as pairs (face, edge slot), shape `[number of edges][2]`.
+    /// Each edge of the element once, as pairs (face, edge slot), shape `[number of edges][2]`. It goes by shape and
+    /// `shp_keyCylindrical` alone, and misses edges of some that number otherwise: infinite and 27-node hexahedra,
+    /// cohesive hexahedra of 12 and prisms of 9 nodes. Points, lines and planar elements have the first four slots of
+    /// their one face.
     static int const * getEdgeMapTblPtr(shp_Options const & options);
+
+    /// The function that gives two tangents of a face from the positions of its nodes. Never null: an element type
+    /// without one gets a function that writes zeros.
+    static shp_FaceTangents getFaceTanFuncPtr(shp_Options const & options);
 };
 
 #endif

@@ -59,10 +59,12 @@ public:
     static float const * getFcWghtTblPtr(shp_Options const & options);
 
     /// Weights that carry values at the integration points of one face (counted from 0) to the nodes of that face,
-    /// `[nodes of the face][integration points of the face]`; null for a pyramid.
+    /// `[nodes of the face][integration points of the face]`; null for a pyramid. Some tables have rows of another
+    /// width and are read straight through all the same, with zeros behind those that are too short.
     static float const * getFacialNdWghtTblPtr(shp_Options const & options, int face);
 
-    /// Weights of the nodal values at the centroid of a cylindrical element, `[nodes]`; null for every other element.
+    /// Weights of the nodal values at the centroid of a cylindrical solid: 12 entries for the hexahedron of 12 nodes, 6
+    /// for the prism of 9 nodes (the other three nodes have none). Null for every other element.
     static float const * getCylCentroidWghtTblPtr(shp_Options const & options);
 
     /// Eight entries of 1.0: the weights of every element with one integration point, one entry for each node or face.

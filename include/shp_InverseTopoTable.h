@@ -4,6 +4,7 @@
 #include "QVRShpCore_Export.h"
 #include "mem_AllocationOperators.h"
 
+class aio_ostream;
 class shp_Topology;
 
 /// The questions opposite to those that shp_Topology answers: which face has these three corners, which edges join
@@ -65,6 +66,9 @@ public:
 
     /// Adds to `mask` the twins of all edge uses in it.
     void NonUniqueEdge(unsigned int & mask) const;
+
+    /// Writes the tables as text. `topology` is the one from which they were built; masks are in hexadecimal digits.
+    void PrintInverse(shp_Topology const & topology, aio_ostream & stream) const;
 
     int nEdge = 0;       ///< edge uses
     int nUniqueEdge = 0; ///< physical edges

@@ -39,7 +39,8 @@ public:
     /// `[nodes of the face][integration points of the face]`.
     static float const * getFacialNdWghtTblPtr(shp_Options const & options, int face);
 
-    /// Weights of the nodal values at the centroid of a cylindrical element, `[nodes]`; null for every other element.
+    /// Weights of the nodal values at the centroid of a cylindrical prism of 9 nodes: 6 entries, the last three nodes
+    /// have none. Null for every other element.
     static float const * getCylCentroidWghtTblPtr(shp_Options const & options);
 };
 

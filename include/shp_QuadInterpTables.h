@@ -30,8 +30,8 @@ public:
     static float const * getNdWghtTblPtr(shp_Options const & options);
 
     /// Weights that carry values at the integration points of one face (counted from 0) to the nodes of that face,
-    /// `[nodes of the face][integration points of the face]`. The face of a
-    /// planar element is the element itself: `face` is ignored.
+    /// `[nodes of the face][integration points of the face]`. The face of a planar element is the element itself:
+    /// `face` is ignored.
     static float const * getFacialNdWghtTblPtr(shp_Options const & options, int face);
 };
 

@@ -19,6 +19,13 @@ public:
 
     void SetShapeRef(unsigned int ref) { shapeRef = ref; }
 
+    // Text reports of this label, which none of them writes.
+
+    void PrintMembers(aio_ostream & stream) const { PrintTopology(stream); }
+    void PrintMembersInTable(aio_ostream & stream) const { PrintTopologyTable(stream); }
+    void PrintWeightsInTable(aio_ostream & stream) const { PrintWeights(stream); }
+    void PrintInverseTable(aio_ostream & stream) const { PrintInverse(*this, stream); }
+
     /// The label. Threads that share the shape read it by CStr(): a copy counts on an integer that all copies share.
     atr_String label;
     unsigned int shapeRef = 0; ///< number of this shape in its dictionary, from 0 in the order of first use

@@ -8,6 +8,7 @@
 #include "omi_Singleton.h"
 #include "omn_FixedString.h"
 
+class aio_ostream;
 class shp_Shape;
 struct shp_CatalogueFamily;
 
@@ -36,6 +37,18 @@ public:
 
     /// The catalogue: upper-case label to LongKey const *. Walk it with omi_BtreeIterator, in ascending label order.
     omi_Btree<cow_String, void *> const & Keys() const { return keys; }
+
+    // Text reports of the whole catalogue, in ascending label order. Each builds all shapes that nobody has asked for
+    // yet. They raise what GetShape raises, in the midst of the text.
+
+    /// Counts and flags of each label, as a list.
+    void PrintShape(aio_ostream & stream) const;
+    /// Four sections, each over all labels: counts and flags, connectivity, weights, inverse topology tables. Leaves
+    /// the stream's adjustment left and its precision at 7.
+    void PrintShapeTable(aio_ostream & stream) const;
+    /// A Python script that defines shp_NodesPerElement, a dictionary from label to node count (of all planes of the
+    /// element), and 0 for "unsupported". Leaves the stream's adjustment left.
+    void PrintLabelToNodecountTable(aio_ostream & stream) const;
 
     /// Adds the labels of all families to the catalogue. The constructor has done so; labels that exist stay as they
     /// are.

@@ -8,15 +8,14 @@
 #include "mem_AllocationOperators.h"
 #include "res_OutputPositionEnm.h"
 #include "shp_BodyOperators.h"
+#include "shp_FaceTangents.h"
 #include "shp_Options.h"
 #include "shp_ShapeFunction.h"
 
+class aio_ostream;
 class g3d_Point;
 class shp_Topology;
 class uti_CoordCont3D;
-
-/// Two tangents of one face from the positions of its nodes, in face order: `t1[3]`, `t2[3]`.
-using shp_FaceTangents = void (*)(uti_CoordCont3D const & coords, unsigned int face, float * t1, float * t2);
 
 /// Turns a face's node list over, in place.
 using shp_ReverseFaceWorker = void (*)(shp_Topology const & topology, int * conn, int face);
@@ -194,6 +193,82 @@ public:
     /// One component from a face's integration points, `values[intPtsPerFaceTbl[face]]`, to its nodes,
     /// `faceNodal[BaseNodesPerFace(face)]`; float sums. Nothing where there is no table for the face.
     void ExtrapolateFromFaceIntPtsToFaceNodes(float const * values, float * faceNodal, int face) const;
+
+    // Where a point lies, and where a line meets the element. `coords` are the positions of one plane's nodes in node
+    // order; `iso` rows are isoparametric coordinates.
+
+    /// Finds the isoparametric coordinates `iso[3]` of a point of space by Newton's iteration from (0, 0, 0), at most
+    /// 100 steps. True when they are found: at a node if the point is within the geometric tolerance of it in each
+    /// coordinate, else converged inside the bounds of the node locations (a point slightly outside, by less than
+    /// 0.0005 in all, is moved onto them). False does not tell "outside" from "gave up"; `iso` then holds whatever was
+    /// reached. What it does not promise:
+    /// - Limits are absolute, in the caller's unit: where the Jacobian's determinant is below 1e-10 (a cube with edges
+    ///   under 9.3e-4) only nodes are found.
+    /// - The bounds are a box: on triangles, tetrahedra and prisms points with g + h (+ r) above 1 inside it are
+    ///   accepted.
+    /// - A planar element is located only in a plane normal to an axis, a line only along an axis, and in practice only
+    ///   where the remaining coordinates are 0: elsewhere the float rounding of the weights misses a test of 1e-10.
+    /// - The derivatives of the infinite elements and of the plain 18-node prism belong to other functions: only their
+    ///   nodes are reliable. The pyramid's apex is found only as a node.
+    /// - An element type without derivatives is never located.
+    bool FindIsoPointLocation(g3d_Storage const & point, g3d_Storage const * coords, float * iso) const;
+
+    /// Meets the line through `lineStart` and `lineEnd` (parameter 0 and 1 along it) with the element's triangulated
+    /// surface, with its segments from node to node (a line element), or with its point; exact for that triangulation,
+    /// not for a curved face. True when there is a hit: `numHits` of them, ascending, with the parameters
+    /// `params[3]`, the isoparametric coordinates `iso[3][3]` and, unless null, the points `hitPoints[3]`. A parameter
+    /// that is not near 0 (first hit) or 1 (second hit) is formed anew from the hit's distance to `lineStart`; it is 0
+    /// when the hit is at `lineStart`. `flag` bounds the line to the segment between its two points. `coords` of an
+    /// 8-node quadrilateral has room for nine positions, and the ninth is written: the element's centre; of an element
+    /// in several planes, one plane with that room.
+    bool LineShapeIntersection(g3d_Storage const & lineStart, g3d_Storage const & lineEnd, g3d_Storage * coords,
+                               double * params, float (*const iso)[3], int & numHits, bool flag,
+                               g3d_Storage * hitPoints) const;
+
+    /// True when `point` lies in the element, by the hits of the endless line through it and `direction` (a second
+    /// point of the line, not a difference) with the triangulated surface: between two hits, or on a single one.
+    /// `iso[3]`, unless null, gets the location by linear interpolation between the two hits. `coords` as in
+    /// LineShapeIntersection.
+    bool FindPointInShape(g3d_Storage const & point, g3d_Storage const & direction, g3d_Storage * coords,
+                          float * iso) const;
+
+    // Geometry of faces. Here `coords` and `conn` are the positions and labels of one face's nodes, in face order,
+    // NumNodesPerFace(face) of them (of all planes, for an element in several); only equality of labels counts.
+
+    /// The unit normal `normal[3]` of a face, outwards for a solid, from two tangents of the whole face. Gives 0, or 1
+    /// with a zero normal when the face has collapsed: no three nodes in a row differ from their neighbours. A face of
+    /// fewer than three nodes gives 0 and a zero normal; so do, in three-dimensional space, tangents without length or
+    /// along each other. In two-dimensional space the normal is (0, 0, 1) or (0, 0, -1).
+    int ComputeFaceNormal(int const * conn, int face, uti_CoordCont3D const & coords, float * normal) const;
+    /// The same at entry `faceNode` of the face: the mean, without regard to size, of the normals of the face's
+    /// triangles at that node. 1 also where no triangle has it.
+    int ComputeFaceNormal(int const * conn, int face, int faceNode, uti_CoordCont3D const & coords,
+                          float * normal) const;
+
+    /// The centroid of a face from the positions `coords[BaseNodesPerElem()]` and labels `conn[BaseNodesPerElem()]` of
+    /// all the element's nodes; in two-dimensional space `face` is one of the element's edges. Sums in float. `conn` is
+    /// read of a 27-node element only: where a face's middle node has the label of the node before it, it is missing,
+    /// and the centroid comes from the face's other eight nodes.
+    g3d_Point GetFaceCentroid(int face, g3d_Point const * coords, int const * conn) const;
+    /// The same with sums in double.
+    g3d_Storage GetFaceCentroid(int face, g3d_Storage const * coords, int const * conn) const;
+    /// The mean of a face's nodes (of an edge's, in two-dimensional space) from the positions of all the element's
+    /// nodes, stored at entry `face` of `centroids`, which must exist. Sums in float.
+    void FaceCentroidFromElementCoordinates(int face, uti_CoordCont3D const & elementCoords,
+                                            uti_CoordCont3D & centroids) const;
+
+    // Text reports of the element type. Every line ends with a line feed and a flush; blanks before it are part of the
+    // text.
+
+    /// A labelled dump of the counts and flags. Line "Nodes per edge: " gives the table's address, and so differs from
+    /// run to run.
+    void PrintTopology(aio_ostream & stream) const;
+    /// Counts and flags as one line of a table: 10 numbers and 14 flags, T or F. Leaves the stream's adjustment right.
+    void PrintTopologyTable(aio_ostream & stream) const;
+    /// Nodes and edges of the faces. Leaves the stream's adjustment left.
+    void PrintConnectivityTable(aio_ostream & stream) const;
+    /// Isoparametric locations and weights; nothing for an element in several planes. Leaves the precision at 7.
+    void PrintWeights(aio_ostream & stream) const;
 
     // The fields, complete when the constructor returns.
 

@@ -40,9 +40,9 @@ template <class Result> struct shp_Choice {
     Result result;
 
     constexpr bool fits(shp_Options const & o, int f) const {
-        return shape.holds(o.Shape()) && nodes.holds(o.NumNodes()) && (notNodes == shp_any || o.NumNodes() != notNodes) &&
-               points.holds(o.NumIntPnts()) && face.holds(f) && hasAny(o, with) && hasAny(o, also) &&
-               hasNone(o, without);
+        return shape.holds(o.Shape()) && nodes.holds(o.NumNodes()) &&
+               (notNodes == shp_any || o.NumNodes() != notNodes) && points.holds(o.NumIntPnts()) && face.holds(f) &&
+               hasAny(o, with) && hasAny(o, also) && hasNone(o, without);
     }
 
 private:

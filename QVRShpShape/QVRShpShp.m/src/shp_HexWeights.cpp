@@ -145,7 +145,7 @@ constexpr std::array<double, 3> middle3 = {0, 1, 0};
 constexpr std::array<double, 3> average3 = {5.0 / 18, 4.0 / 9, 5.0 / 18};
 constexpr std::array<double, 3> meanOfEnds3 = {5.0 / 6, -2.0 / 3, 5.0 / 6};
 
-// Along the axis of revolution the sides take these, a weighted mean of both ends and the middle.
+// Along r, the curved direction, the sides take two thirds of the mean of the ends and one third of the middle.
 constexpr std::array<double, 3> cylThrough = {5.0 / 9, -1.0 / 9, 5.0 / 9};
 constexpr auto hexCylFaceWeights12 = shp_tensorRows<2, 2, 3>({
     {middle2, middle2, end3},

@@ -34,4 +34,20 @@ constexpr shp_Points<Triangle * R> shp_prismPoints(float const (&triangle)[Trian
     return points;
 }
 
+/// The points of one table after those of the other.
+template <std::size_t... Counts>
+constexpr shp_Points<(Counts + ...)> shp_joinPoints(float const (&... parts)[Counts][3]) {
+    shp_Points<(Counts + ...)> points;
+    std::size_t next = 0;
+    auto const append = [&](auto const & part) {
+        for (auto const & place : part) {
+            for (std::size_t axis = 0; axis < 3; ++axis)
+                points.rows[next][axis] = place[axis];
+            ++next;
+        }
+    };
+    (append(parts), ...);
+    return points;
+}
+
 #endif

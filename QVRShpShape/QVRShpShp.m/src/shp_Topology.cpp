@@ -258,6 +258,7 @@ void shp_Topology::bindFunctions() {
     if (hasDerivatives && numGeometryDimensions == 3)
         dUdRFunctions = shp_InterpolationTables::getdUdGHRFuncPtrTblPtr(options, 2);
     bodyOp = shp_InterpolationTables::getBodyOpPtr(options);
+    faceTangents = shp_ConnectivityTables::getFaceTanFuncPtr(options);
 }
 
 void shp_Topology::chooseWorkers() {

@@ -1,0 +1,191 @@
+// Normals and centroids of faces.
+
+#include "g3d_Point.h"
+#include "g3d_Vector.h"
+#include "shp_Topology.h"
+#include "uti_CoordCont3D.h"
+
+#include <algorithm>
+
+namespace {
+
+g3d_Vector unit(float const (&direction)[3]) {
+    g3d_Vector vector(direction[0], direction[1], direction[2]);
+    vector.Normalize();
+    return vector;
+}
+
+g3d_Vector unitDifference(uti_CoordCont3D const & coords, int to, int from) {
+    uti_Coord3D const a = coords[to], b = coords[from];
+    return unit({a[0] - b[0], a[1] - b[1], a[2] - b[2]});
+}
+
+/// Adds the normal of the plane of two tangents to `normal`: their vector product in space, in a plane only the side
+/// to which they turn, which is the upper one for tangents without length or along each other.
+void addNormal(g3d_Vector const & t1, g3d_Vector const & t2, int numSpatialDimensions, float * normal) {
+    float const z = t2.Y() * t1.X() - t2.X() * t1.Y();
+    if (numSpatialDimensions == 3) {
+        normal[0] += t1.Y() * t2.Z() - t2.Y() * t1.Z();
+        normal[1] += t2.X() * t1.Z() - t2.Z() * t1.X();
+        normal[2] += z;
+    } else {
+        normal[2] += z < 0 ? -1.0f : 1.0f;
+    }
+}
+
+void normalize(float * normal) {
+    g3d_Vector const direction = unit({normal[0], normal[1], normal[2]});
+    normal[0] = direction.X();
+    normal[1] = direction.Y();
+    normal[2] = direction.Z();
+}
+
+/// True when no node has another label than the next one, and this one another than the one after it. The first and the
+/// third may be the same: a face of labels 5, 6, 5 passes as sound.
+bool hasCollapsed(int const * conn, int numNodes) {
+    for (int i = 0; i < numNodes; ++i) {
+        int const middle = conn[(i + 1) % numNodes];
+        if (conn[i] != middle && middle != conn[(i + 2) % numNodes])
+            return false;
+    }
+    return true;
+}
+
+/// The places of a triangle's corners in a face's node list.
+struct CornerPlaces {
+    int places[3];
+    bool areOnFace = true;
+
+    CornerPlaces(shp_Topology const & t, int const * triangle, int face) {
+        int const * const nodes = t.faceConnTbl + face * t.maxNodesPerFace;
+        int const * const end = nodes + t.NumNodesPerFace(face);
+        for (int corner = 0; corner < 3; ++corner) {
+            int const * const found = std::find(nodes, end, triangle[corner]);
+            places[corner] = static_cast<int>(found - nodes);
+            areOnFace = areOnFace && found != end;
+        }
+    }
+
+    bool have(int place) const { return std::find(places, places + 3, place) != places + 3; }
+};
+
+template <class Position> using Real = decltype(Position().GetX());
+
+/// The sum of weight times position over nodes, starting from 0.
+template <class Position, class Node, class Weight> Position sumOf(int count, Weight weight, Node position) {
+    Real<Position> x = 0, y = 0, z = 0;
+    for (int i = 0; i < count; ++i) {
+        Real<Position> const share = weight(i);
+        Position const & node = position(i);
+        x += share * node.X();
+        y += share * node.Y();
+        z += share * node.Z();
+    }
+    return {x, y, z};
+}
+
+/// The labels of a 27-node element's face centres begin behind that of its own centre.
+constexpr int firstFaceCenter = 21;
+
+/// True for a face whose centre node is missing: it has the label of the node before it.
+bool lacksCenterNode(shp_Topology const & t, int face, int const * conn) {
+    return t.baseNodesPerElem == 27 && conn[firstFaceCenter + face] == conn[firstFaceCenter + face - 1];
+}
+
+/// Half the midside nodes less a quarter of the corners.
+template <class Position> Position centerOfEightNodes(int const * nodes, Position const * coords) {
+    auto const sumFrom = [&](int first) {
+        return sumOf<Position>(
+            4, [](int) { return 1.0f; },
+            [&](int i) -> Position const & { return coords[nodes[first + i]]; });
+    };
+    Position const corners = sumFrom(0), midsides = sumFrom(4);
+    Real<Position> const half = 0.5f, quarter = 0.25f;
+    return {half * midsides.X() - quarter * corners.X(), half * midsides.Y() - quarter * corners.Y(),
+            half * midsides.Z() - quarter * corners.Z()};
+}
+
+template <class Position>
+Position faceCentroid(shp_Topology const & t, int face, Position const * coords, int const * conn) {
+    if (lacksCenterNode(t, face, conn))
+        return centerOfEightNodes(t.faceConnTbl + face * t.maxNodesPerFace, coords);
+    float const * const weights = t.GetFcCenterNodeWeights(face);
+    return sumOf<Position>(
+        t.baseNodesPerElem, [&](int i) { return weights[i]; },
+        [&](int i) -> Position const & { return coords[i]; });
+}
+
+} // namespace
+
+int shp_Topology::ComputeFaceNormal(int const * conn, int face, uti_CoordCont3D const & coords, float * normal) const {
+    std::fill_n(normal, 3, 0.0f);
+    int const numNodes = NumNodesPerFace(face);
+    if (numNodes < 3)
+        return 0;
+    if (hasCollapsed(conn, numNodes))
+        return 1;
+
+    float t1[3], t2[3];
+    faceTangents(coords, static_cast<unsigned int>(face), t1, t2);
+    addNormal(unit(t1), unit(t2), numSpatialDimensions, normal);
+    normalize(normal);
+    return 0;
+}
+
+int shp_Topology::ComputeFaceNormal(int const * conn, int face, int faceNode, uti_CoordCont3D const & coords,
+                                    float * normal) const {
+    std::fill_n(normal, 3, 0.0f);
+    int const numNodes = NumNodesPerFace(face);
+    if (numNodes < 3)
+        return 0;
+    if (hasCollapsed(conn, numNodes))
+        return 1;
+
+    bool hasTriangle = false;
+    for (int triangle = 0; triangle < numFaceTriangles; ++triangle) {
+        CornerPlaces const corners(*this, faceTriTbl + 3 * triangle, face);
+        if (!corners.areOnFace || !corners.have(faceNode))
+            continue;
+        auto const & [a, b, c] = corners.places;
+        addNormal(unitDifference(coords, b, a), unitDifference(coords, c, a), numSpatialDimensions, normal);
+        hasTriangle = true;
+    }
+    if (!hasTriangle)
+        return 1;
+    normalize(normal);
+    return 0;
+}
+
+g3d_Point shp_Topology::GetFaceCentroid(int face, g3d_Point const * coords, int const * conn) const {
+    return faceCentroid(*this, face, coords, conn);
+}
+
+g3d_Storage shp_Topology::GetFaceCentroid(int face, g3d_Storage const * coords, int const * conn) const {
+    return faceCentroid(*this, face, coords, conn);
+}
+
+void shp_Topology::FaceCentroidFromElementCoordinates(int face, uti_CoordCont3D const & elementCoords,
+                                                      uti_CoordCont3D & centroids) const {
+    // In two-dimensional space edge 0 takes the first nodes of the element instead of its own, as results on file do;
+    // the face table has no row for the other edges.
+    int const * nodes = faceConnTbl + face * maxNodesPerFace;
+    int numNodes = 1;
+    if (numSpatialDimensions == 3) {
+        numNodes = NumNodesPerFace(face);
+    } else if (numSpatialDimensions == 2) {
+        numNodes = nodesPerEdgeTbl[face];
+        if (face > 0)
+            nodes = edgeConnTbl + face * maxNodesPerEdge;
+    }
+
+    float sumX = 0, sumY = 0, sumZ = 0;
+    for (int i = 0; i < numNodes; ++i) {
+        float x, y, z;
+        elementCoords.GetCoord(nodes[i], x, y, z);
+        sumX += x;
+        sumY += y;
+        sumZ += z;
+    }
+    float const factor = 1.0f / static_cast<float>(numNodes);
+    centroids.SetCoord(face, sumX * factor, sumY * factor, sumZ * factor);
+}
