@@ -61,9 +61,10 @@ constexpr shp_WeightTable<9, 9> shp_gaussGridWeights() {
             if (g[node] != 0 && h[node] != 0)
                 table.at(node, point) = products[i][j];
             else if (g[node] != 0)
-                table.at(node, point) = shp_endOf3[i] * shp_middleOf3[j];
+                table.at(node, point) = shp_stored(shp_endOf3[i] * shp_middleOf3[j]);
             else
-                table.at(node, point) = shp_middleOf3[i] * (h[node] != 0 ? shp_endOf3[j] : shp_middleOf3[j]);
+                table.at(node, point) =
+                    shp_stored(shp_middleOf3[i] * (h[node] != 0 ? shp_endOf3[j] : shp_middleOf3[j]));
         }
     return table;
 }

@@ -66,6 +66,11 @@ template <std::size_t N> constexpr double shp_lagrange(double const (&levels)[N]
     return value;
 }
 
+/// As a table stores it: rounded once, and a zero without a sign.
+constexpr float shp_stored(double value) {
+    return static_cast<float>(value + 0.0);
+}
+
 /// Row n: the tensor product of Lagrange polynomials over the levels, at node n. Formed in double, rounded once.
 template <int Rows, std::size_t Nodes, std::size_t G, std::size_t H, std::size_t R>
 constexpr auto shp_tensorRule(float const (&nodes)[Nodes][3], double const (&g)[G], double const (&h)[H],
@@ -76,9 +81,9 @@ constexpr auto shp_tensorRule(float const (&nodes)[Nodes][3], double const (&g)[
     for (int node = 0; node < Rows; ++node)
         for (std::size_t point = 0; point < G * H * R; ++point)
             table.at(node, static_cast<int>(point)) =
-                static_cast<float>(shp_lagrange(g, point % G, static_cast<double>(nodes[node][0])) *
-                                   shp_lagrange(h, point / G % H, static_cast<double>(nodes[node][1])) *
-                                   shp_lagrange(r, point / (G * H), static_cast<double>(nodes[node][2])));
+                shp_stored(shp_lagrange(g, point % G, static_cast<double>(nodes[node][0])) *
+                           shp_lagrange(h, point / G % H, static_cast<double>(nodes[node][1])) *
+                           shp_lagrange(r, point / (G * H), static_cast<double>(nodes[node][2])));
     return table;
 }
 
@@ -96,7 +101,7 @@ constexpr auto shp_tensorRows(shp_TensorRow<G, H, R> const (&rows)[Rows]) {
     for (std::size_t row = 0; row < Rows; ++row)
         for (std::size_t point = 0; point < G * H * R; ++point)
             table.at(static_cast<int>(row), static_cast<int>(point)) =
-                static_cast<float>(rows[row].g[point % G] * rows[row].h[point / G % H] * rows[row].r[point / (G * H)]);
+                shp_stored(rows[row].g[point % G] * rows[row].h[point / G % H] * rows[row].r[point / (G * H)]);
     return table;
 }
 
