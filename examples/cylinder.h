@@ -20,6 +20,16 @@ enum class Model {
     axisymmetric ///< its axial section: x is the radius, y runs along the axis
 };
 
+/// True when the point belongs to the quarter of the wall, or to its section.
+inline bool isInWall(Cylinder const & cylinder, Model model, double x, double y, double z) {
+    bool const isAxial = model == Model::axisymmetric;
+    double const radius = isAxial ? x : std::hypot(x, y);
+    double const along = isAxial ? y : z;
+    bool const isInQuarter = isAxial ? z == 0 : x >= 0 && y >= 0;
+    bool const isInHeight = model == Model::plane ? z == 0 : along >= 0 && along <= cylinder.height;
+    return isInQuarter && isInHeight && radius >= cylinder.innerRadius && radius <= cylinder.outerRadius;
+}
+
 /// Stress components in the order of the result files: xx, yy, zz, xy, yz, xz.
 using Stress = std::array<double, 6>;
 
@@ -42,6 +52,13 @@ inline Stress exactStress(Cylinder const & cylinder, Model model, double x, doub
             (radial - hoop) * sine * cosine,
             0,
             0};
+}
+
+/// The equivalent stress (von Mises, 1913).
+inline double equivalentStress(Stress const & s) {
+    double const squares =
+        (s[0] - s[1]) * (s[0] - s[1]) + (s[1] - s[2]) * (s[1] - s[2]) + (s[2] - s[0]) * (s[2] - s[0]);
+    return std::sqrt(squares / 2 + 3 * (s[3] * s[3] + s[4] * s[4] + s[5] * s[5]));
 }
 
 #endif

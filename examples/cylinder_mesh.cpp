@@ -3,6 +3,7 @@
 #include <shp_KeyBit.h>
 #include <uti_Coord3D.h>
 
+#include <algorithm>
 #include <numbers>
 #include <span>
 #include <stdexcept>
@@ -115,6 +116,15 @@ uti_Coord3D position(Cylinder const & cylinder, Model model, double u, double v,
 }
 
 } // namespace
+
+std::vector<g3d_Storage> elementCoords(Mesh const & mesh, int element) {
+    std::vector<g3d_Storage> coords(static_cast<std::size_t>(std::max(mesh.nodesPerElement, 9)));
+    for (int i = 0; i < mesh.nodesPerElement; ++i) {
+        uti_Coord3D const node = mesh.coords[mesh.element(element)[i]];
+        coords[static_cast<std::size_t>(i)].Set(node[0], node[1], node[2]);
+    }
+    return coords;
+}
 
 Model modelOf(shp_Topology const & shape) {
     if (shape.NumSpatialDimensions() == 3)

@@ -3,6 +3,7 @@
 
 #include "cylinder.h"
 
+#include <g3d_Storage.h>
 #include <shp_Topology.h>
 #include <uti_CoordCont3D.h>
 
@@ -22,6 +23,10 @@ struct Mesh {
         return connectivity.data() + static_cast<std::size_t>(e) * static_cast<std::size_t>(nodesPerElement);
     }
 };
+
+/// The positions of an element's nodes in its node order, with room for the ninth that the library's line operations
+/// add to an 8-node quadrilateral.
+std::vector<g3d_Storage> elementCoords(Mesh const & mesh, int element);
 
 /// The model that a volume or section element stands for.
 Model modelOf(shp_Topology const & shape);

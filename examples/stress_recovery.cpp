@@ -3,6 +3,7 @@
 #include <res_OutputPositionEnm.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -68,4 +69,17 @@ NodalStress recoverStress(Cylinder const & cylinder, shp_Topology const & shape,
     }
     result.rmsError = std::sqrt(sumOfSquares / mesh.numNodes);
     return result;
+}
+
+Stress interpolateStress(shp_Topology const & shape, Mesh const & mesh, NodalStress const & result, int element,
+                         float const * iso) {
+    Stress stress{};
+    std::vector<float> atNodes(static_cast<std::size_t>(mesh.nodesPerElement));
+    for (std::size_t c = 0; c < stress.size(); ++c) {
+        std::transform(mesh.element(element), mesh.element(element) + mesh.nodesPerElement, atNodes.begin(),
+                       [&](int node) { return static_cast<float>(result.stress[static_cast<std::size_t>(node)][c]); });
+        // Every node has a stress: not-a-number equals no value, and so marks none as undefined.
+        stress[c] = shape.InterpolateResultFromNodes(atNodes.data(), iso, std::numeric_limits<float>::quiet_NaN());
+    }
+    return stress;
 }

@@ -16,4 +16,8 @@ struct NodalStress {
 /// where elements meet.
 NodalStress recoverStress(Cylinder const & cylinder, shp_Topology const & shape, Mesh const & mesh);
 
+/// The stress at a point of an element, interpolated from its nodes.
+Stress interpolateStress(shp_Topology const & shape, Mesh const & mesh, NodalStress const & result, int element,
+                         float const * iso);
+
 #endif

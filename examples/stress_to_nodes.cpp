@@ -1,47 +1,69 @@
-// stress_to_nodes [LABEL] [N]
+// stress_to_nodes [LABEL] [N] [--at X,Y[,Z]]
 //
 // Meshes a quarter of a thick-walled cylinder with elements of one type, puts the exact stress of the pressurised
 // cylinder at the integration points, carries it to the nodes, and compares it there with the exact stress, on meshes
 // of N, 2N and 4N cells in each direction. Writes the finest one to stress.vtu.
 //
-// Exit status: 0; 1 if something failed; 2 if the arguments are at fault.
+// With --at, takes the finest mesh alone, finds the element that holds the point, and prints the stress there,
+// interpolated from the nodes, beside the exact one. Writes no file.
+//
+// Exit status: 0; 1 if something failed, or if no element holds the point; 2 if the arguments are at fault.
 
-#include "element_choice.h"
+#include "command_line.h"
+#include "element_search.h"
 #include "stress_recovery.h"
 #include "vtu_writer.h"
 
-#include <QVRBasException.h>
-#include <shp_Shape.h>
-#include <shp_ShapeDictionary.h>
-
 #include <charconv>
 #include <cstdio>
-#include <cstring>
-#include <exception>
-#include <string>
+#include <string_view>
 
 namespace {
 
-constexpr int defaultCells = 2;
-constexpr int maxCells = 20;
 constexpr char const * resultFile = "stress.vtu";
 
-int refuse(std::string const & sentence) {
-    std::fprintf(stderr, "%s\n", sentence.c_str());
-    return 2;
+struct Arguments {
+    std::string label = "C3D20R";
+    int coarsestCells = 2;
+    std::optional<g3d_Storage> probe;
+};
+
+g3d_Storage parsePoint(std::string_view text) {
+    double coordinates[3] = {0, 0, 0};
+    int count = 0;
+    char const * at = text.data();
+    char const * const end = at + text.size();
+    while (count < 3) {
+        auto const [stop, error] = std::from_chars(at, end, coordinates[count]);
+        if (error != std::errc{} || !std::isfinite(coordinates[count]))
+            break;
+        ++count;
+        at = stop;
+        if (at == end || *at != ',')
+            break;
+        ++at;
+    }
+    if (count < 2 || at != end || text.back() == ',')
+        throw Refusal("A point is X,Y or X,Y,Z, numbers with commas and no blanks between them, not \"" +
+                      std::string(text) + "\".");
+    return {coordinates[0], coordinates[1], coordinates[2]};
 }
 
-/// The number that is written in `text`, or 0 if it is not a whole number from 1 to `maxCells`.
-int parseCells(char const * text) {
-    int cells = 0;
-    auto const [end, error] = std::from_chars(text, text + std::strlen(text), cells);
-    bool const isGood = error == std::errc{} && *end == '\0' && cells >= 1 && cells <= maxCells;
-    return isGood ? cells : 0;
-}
-
-std::string meshText(int cells, Model model) {
-    std::string const side = std::to_string(cells);
-    return model == Model::solid ? side + "x" + side + "x" + side : side + "x" + side;
+Arguments parseArguments(int argc, char ** argv) {
+    Arguments arguments;
+    int position = 0;
+    for (int i = 1; i < argc; ++i) {
+        std::string const argument = argv[i];
+        if (argument == "--at" && i + 1 < argc && !arguments.probe)
+            arguments.probe = parsePoint(argv[++i]);
+        else if (argument.starts_with("--") || ++position > 2)
+            throw Refusal("usage: stress_to_nodes [LABEL] [N] [--at X,Y[,Z]]");
+        else if (position == 1)
+            arguments.label = argument;
+        else
+            arguments.coarsestCells = parseCells(argument);
+    }
+    return arguments;
 }
 
 /// Errors below this share of the pressure are those of rounding to float.
@@ -88,30 +110,51 @@ void run(std::string const & label, shp_Topology const & shape, int coarsestCell
     std::printf("\nThe finest mesh with its nodal stresses and errors is in %s.\n", resultFile);
 }
 
+void printStress(char const * name, Stress const & stress) {
+    std::printf("%-14s", name);
+    for (double component : stress)
+        std::printf(" %11.5g", component);
+    std::printf("\n");
+}
+
+/// Prints the stress at a point of the mesh with `cells` in each direction; returns the exit status.
+int probe(std::string const & label, shp_Topology const & shape, int cells, g3d_Storage const & point) {
+    Cylinder const cylinder;
+    Mesh const mesh = meshCylinder(cylinder, shape, cells);
+    char place[100];
+    std::snprintf(place, sizeof place, "(%.7g, %.7g, %.7g)", point.X(), point.Y(), point.Z());
+    std::optional<MeshPoint> const found = ElementSearch(shape, mesh).find(point);
+    if (!found) {
+        bool const isInBody = isInWall(cylinder, mesh.model, point.X(), point.Y(), point.Z());
+        std::fprintf(
+            stderr, "%s lies %s\n", place,
+            isInBody ? "in the wall, but no element was found to hold it: straight edges cut its arcs short, or the "
+                       "location gave up, as it does inside 18-node prisms."
+                     : "outside the body.");
+        return 1;
+    }
+    std::printf("%s, mesh of %s cells: %s lies in element %d of %d, counted from 0,\nat g = %.6f, h = %.6f, r = %.6f. "
+                "Stress there:\n\n",
+                label.c_str(), meshText(cells, mesh.model).c_str(), place, found->element, mesh.numElements(),
+                static_cast<double>(found->iso[0]), static_cast<double>(found->iso[1]),
+                static_cast<double>(found->iso[2]));
+    std::printf("%-14s %11s %11s %11s %11s %11s %11s\n", "", "xx", "yy", "zz", "xy", "yz", "xz");
+    Stress const interpolated =
+        interpolateStress(shape, mesh, recoverStress(cylinder, shape, mesh), found->element, found->iso.data());
+    printStress("from the nodes", interpolated);
+    printStress("exact", exactStress(cylinder, mesh.model, point.X(), point.Y()));
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char ** argv) {
-    if (argc > 3)
-        return refuse("usage: stress_to_nodes [LABEL] [N]");
-    std::string const label = argc > 1 ? argv[1] : "C3D20R";
-    int const cells = argc > 2 ? parseCells(argv[2]) : defaultCells;
-    if (cells == 0)
-        return refuse("N, the cells in each direction of the coarsest mesh, is a whole number from 1 to " +
-                      std::to_string(maxCells) + ", not \"" + argv[2] + "\".");
-    try {
-        auto const & dictionary = omi_Singleton<shp_ShapeDictionary>::Instance();
-        shp_Shape const * const shape = dictionary.GetShape(label.c_str());
-        if (!shape)
-            return refuse(label + " is not a label of the element catalogue.");
-        if (std::string const reason = reasonAgainst(*shape); !reason.empty())
-            return refuse(label + " " + reason + ".");
-        run(label, *shape, cells);
-    } catch (QVRBasException const & failure) {
-        std::fprintf(stderr, "stress_to_nodes: %s\n", failure.AsString(QVRBasStringMode()).CStr());
-        return 1;
-    } catch (std::exception const & failure) {
-        std::fprintf(stderr, "stress_to_nodes: %s\n", failure.what());
-        return 1;
-    }
-    return 0;
+    return runProgram("stress_to_nodes", [&] {
+        Arguments const arguments = parseArguments(argc, argv);
+        shp_Shape const & shape = shapeToMesh(arguments.label);
+        if (arguments.probe)
+            return probe(arguments.label, shape, 4 * arguments.coarsestCells, *arguments.probe);
+        run(arguments.label, shape, arguments.coarsestCells);
+        return 0;
+    });
 }

@@ -215,33 +215,55 @@ public:
 
     /// Meets the line through `lineStart` and `lineEnd` (parameter 0 and 1 along it) with the element's triangulated
     /// surface, with its segments from node to node (a line element), or with its point; exact for that triangulation,
-    /// not for a curved face. True when there is a hit: `numHits` of them, ascending, with the parameters
-    /// `params[3]`, the isoparametric coordinates `iso[3][3]` and, unless null, the points `hitPoints[3]`. A parameter
-    /// that is not near 0 (first hit) or 1 (second hit) is formed anew from the hit's distance to `lineStart`; it is 0
-    /// when the hit is at `lineStart`. `flag` bounds the line to the segment between its two points. `coords` of an
-    /// 8-node quadrilateral has room for nine positions, and the ninth is written: the element's centre; of an element
-    /// in several planes, one plane with that room.
+    /// not for a curved face. True when there is a hit: the foremost and the hindmost, in `numHits` entries of the
+    /// parameters `params[3]`, the isoparametric coordinates `iso[3][3]` and, unless null, the points `hitPoints[3]`;
+    /// all three arrays must have that room. What to know of them:
+    /// - When all parameters are 1.5 and more, or all are -1.5 and less, there is no hit. `flag` bounds the line to the
+    ///   segment between its two points, widened by the geometric tolerance.
+    /// - On a surface, a parameter that is not near 0 (first hit) or 1 (second hit) is formed anew from the hit's
+    ///   distance to `lineStart`; it is 0 when the hit is at `lineStart`. The point is that of the flat triangle.
+    /// - On a line element g runs from -1 to 1 along each segment. Along a straight one of three nodes the middle node
+    ///   may be a third hit, with the mean of the parameters.
+    /// - Some tables of triangles (cohesive, cylindrical, gasket and infinite solids, cohesive quadrilaterals) leave
+    ///   gaps, through which a line misses one side.
+    /// - Two equal points, or points that are not finite, define no line and have no hit.
+    ///
+    /// `coords` of an 8-node quadrilateral has room for nine positions, and the ninth is written: the element's centre;
+    /// of an element in several planes, one plane with that room. `numHits` is left as it was where the element type
+    /// has nothing to meet.
     bool LineShapeIntersection(g3d_Storage const & lineStart, g3d_Storage const & lineEnd, g3d_Storage * coords,
                                double * params, float (*const iso)[3], int & numHits, bool flag,
                                g3d_Storage * hitPoints) const;
 
     /// True when `point` lies in the element, by the hits of the endless line through it and `direction` (a second
     /// point of the line, not a difference) with the triangulated surface: between two hits, or on a single one.
-    /// `iso[3]`, unless null, gets the location by linear interpolation between the two hits. `coords` as in
-    /// LineShapeIntersection.
+    /// `iso[3]`, unless null, gets the location by linear interpolation between the two hits; it is left as it was
+    /// when the answer is false. `coords`, and what is not promised, as in LineShapeIntersection.
     bool FindPointInShape(g3d_Storage const & point, g3d_Storage const & direction, g3d_Storage * coords,
                           float * iso) const;
 
     // Geometry of faces. Here `coords` and `conn` are the positions and labels of one face's nodes, in face order,
-    // NumNodesPerFace(face) of them (of all planes, for an element in several); only equality of labels counts.
+    // NumNodesPerFace(face) of them: of an element in several planes all planes' nodes, NumNodesPerElem(). Only
+    // equality of labels counts.
 
-    /// The unit normal `normal[3]` of a face, outwards for a solid, from two tangents of the whole face. Gives 0, or 1
-    /// with a zero normal when the face has collapsed: no three nodes in a row differ from their neighbours. A face of
-    /// fewer than three nodes gives 0 and a zero normal; so do, in three-dimensional space, tangents without length or
-    /// along each other. In two-dimensional space the normal is (0, 0, 1) or (0, 0, -1).
+    /// The unit normal `normal[3]` of a face from two tangents of the whole face: outwards for a solid, for a planar
+    /// element on the side from which g turns to h counter-clockwise, in two-dimensional space (0, 0, 1) or
+    /// (0, 0, -1). The cylindrical membranes of 9 nodes have it on the other side.
+    ///
+    /// Gives 0, or 1 with a zero normal when the face has collapsed: going around it, no label differs from the next
+    /// one while that one differs from the one after it. Degenerate positions are not looked for. 0 and a zero normal
+    /// come from a face of fewer than three nodes and, in three-dimensional space, from tangents without length or
+    /// along each other; in two-dimensional space such tangents give (0, 0, 1).
     int ComputeFaceNormal(int const * conn, int face, uti_CoordCont3D const & coords, float * normal) const;
-    /// The same at entry `faceNode` of the face: the mean, without regard to size, of the normals of the face's
-    /// triangles at that node. 1 also where no triangle has it.
+    /// The same at entry `faceNode` of the face, from the triangles of FaceTriangles() that lie on the face and have
+    /// the node there: the sum, as a unit vector, of the vector products of each one's two unit sides from its first
+    /// corner (in two-dimensional space, of 1 or -1 for each).
+    ///
+    /// 1 and a zero normal also where no triangle has the node: at all nodes of an 8-node quadrilateral, whose
+    /// triangles meet in a ninth point, and at the centre nodes of faces that are cut without them. Of a CAXA element
+    /// only the first plane has triangles; in one of 8 nodes to a plane their ninth point is the second plane's first.
+    /// Where triangles do not follow their face (gaskets, cohesive and pipe-soil elements with midside nodes, 9- and
+    /// 18-node cylindrical prisms, 18-node hexahedra), the normal follows them, and may look inwards or be zero.
     int ComputeFaceNormal(int const * conn, int face, int faceNode, uti_CoordCont3D const & coords,
                           float * normal) const;
 
@@ -252,8 +274,10 @@ public:
     g3d_Point GetFaceCentroid(int face, g3d_Point const * coords, int const * conn) const;
     /// The same with sums in double.
     g3d_Storage GetFaceCentroid(int face, g3d_Storage const * coords, int const * conn) const;
-    /// The mean of a face's nodes (of an edge's, in two-dimensional space) from the positions of all the element's
-    /// nodes, stored at entry `face` of `centroids`, which must exist. Sums in float.
+    /// The mean of a face's nodes from the positions of all the element's nodes (of all planes, if it has several),
+    /// stored at entry `face` of `centroids`, which must exist. Sums in float. In two-dimensional space `face` is one
+    /// of the element's edges; for edge 0 as many of the element's first nodes are taken as the edge has, which
+    /// need not be its own where it has a midside node.
     void FaceCentroidFromElementCoordinates(int face, uti_CoordCont3D const & elementCoords,
                                             uti_CoordCont3D & centroids) const;
 

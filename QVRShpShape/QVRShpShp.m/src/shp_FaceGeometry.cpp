@@ -20,28 +20,24 @@ g3d_Vector unitDifference(uti_CoordCont3D const & coords, int to, int from) {
     return unit({a[0] - b[0], a[1] - b[1], a[2] - b[2]});
 }
 
-/// Adds the normal of the plane of two tangents to `normal`: their vector product in space, in a plane only the side
-/// to which they turn, which is the upper one for tangents without length or along each other.
-void addNormal(g3d_Vector const & t1, g3d_Vector const & t2, int numSpatialDimensions, float * normal) {
+/// The normal to two tangents: their vector product in space; in a plane only the side to which they turn, which is the
+/// upper one for tangents without length or along each other.
+g3d_Vector normalTo(g3d_Vector const & t1, g3d_Vector const & t2, int numSpatialDimensions) {
     float const z = t2.Y() * t1.X() - t2.X() * t1.Y();
-    if (numSpatialDimensions == 3) {
-        normal[0] += t1.Y() * t2.Z() - t2.Y() * t1.Z();
-        normal[1] += t2.X() * t1.Z() - t2.Z() * t1.X();
-        normal[2] += z;
-    } else {
-        normal[2] += z < 0 ? -1.0f : 1.0f;
-    }
+    if (numSpatialDimensions < 3)
+        return {0, 0, z < 0 ? -1.0f : 1.0f};
+    return {t1.Y() * t2.Z() - t2.Y() * t1.Z(), t2.X() * t1.Z() - t2.Z() * t1.X(), z};
 }
 
-void normalize(float * normal) {
-    g3d_Vector const direction = unit({normal[0], normal[1], normal[2]});
-    normal[0] = direction.X();
-    normal[1] = direction.Y();
-    normal[2] = direction.Z();
+void storeUnit(g3d_Vector vector, float * out) {
+    vector.Normalize();
+    out[0] = vector.X();
+    out[1] = vector.Y();
+    out[2] = vector.Z();
 }
 
-/// True when no node has another label than the next one, and this one another than the one after it. The first and the
-/// third may be the same: a face of labels 5, 6, 5 passes as sound.
+/// True unless, somewhere around the face, a label differs from the next one and that one from the one after it. The
+/// first and the third may be the same: a face of labels 5, 6, 5 is sound.
 bool hasCollapsed(int const * conn, int numNodes) {
     for (int i = 0; i < numNodes; ++i) {
         int const middle = conn[(i + 1) % numNodes];
@@ -69,20 +65,17 @@ struct CornerPlaces {
     bool have(int place) const { return std::find(places, places + 3, place) != places + 3; }
 };
 
-template <class Position> using Real = decltype(Position().GetX());
+/// Adds up weight times position, at the precision of the positions.
+template <class Position> struct PositionSum {
+    using Real = decltype(Position().GetX());
+    Real x = 0, y = 0, z = 0;
 
-/// The sum of weight times position over nodes, starting from 0.
-template <class Position, class Node, class Weight> Position sumOf(int count, Weight weight, Node position) {
-    Real<Position> x = 0, y = 0, z = 0;
-    for (int i = 0; i < count; ++i) {
-        Real<Position> const share = weight(i);
-        Position const & node = position(i);
-        x += share * node.X();
-        y += share * node.Y();
-        z += share * node.Z();
+    void add(Real weight, Position const & position) {
+        x += weight * position.X();
+        y += weight * position.Y();
+        z += weight * position.Z();
     }
-    return {x, y, z};
-}
+};
 
 /// The labels of a 27-node element's face centres begin behind that of its own centre.
 constexpr int firstFaceCenter = 21;
@@ -94,15 +87,15 @@ bool lacksCenterNode(shp_Topology const & t, int face, int const * conn) {
 
 /// Half the midside nodes less a quarter of the corners.
 template <class Position> Position centerOfEightNodes(int const * nodes, Position const * coords) {
-    auto const sumFrom = [&](int first) {
-        return sumOf<Position>(
-            4, [](int) { return 1.0f; },
-            [&](int i) -> Position const & { return coords[nodes[first + i]]; });
+    PositionSum<Position> corners, midsides;
+    for (int i = 0; i < 4; ++i) {
+        corners.add(1, coords[nodes[i]]);
+        midsides.add(1, coords[nodes[4 + i]]);
+    }
+    auto const combine = [](auto midside, auto corner) {
+        return decltype(midside)(0.5) * midside - decltype(corner)(0.25) * corner;
     };
-    Position const corners = sumFrom(0), midsides = sumFrom(4);
-    Real<Position> const half = 0.5f, quarter = 0.25f;
-    return {half * midsides.X() - quarter * corners.X(), half * midsides.Y() - quarter * corners.Y(),
-            half * midsides.Z() - quarter * corners.Z()};
+    return {combine(midsides.x, corners.x), combine(midsides.y, corners.y), combine(midsides.z, corners.z)};
 }
 
 template <class Position>
@@ -110,9 +103,10 @@ Position faceCentroid(shp_Topology const & t, int face, Position const * coords,
     if (lacksCenterNode(t, face, conn))
         return centerOfEightNodes(t.faceConnTbl + face * t.maxNodesPerFace, coords);
     float const * const weights = t.GetFcCenterNodeWeights(face);
-    return sumOf<Position>(
-        t.baseNodesPerElem, [&](int i) { return weights[i]; },
-        [&](int i) -> Position const & { return coords[i]; });
+    PositionSum<Position> sum;
+    for (int i = 0; i < t.baseNodesPerElem; ++i)
+        sum.add(weights[i], coords[i]);
+    return {sum.x, sum.y, sum.z};
 }
 
 } // namespace
@@ -127,8 +121,7 @@ int shp_Topology::ComputeFaceNormal(int const * conn, int face, uti_CoordCont3D 
 
     float t1[3], t2[3];
     faceTangents(coords, static_cast<unsigned int>(face), t1, t2);
-    addNormal(unit(t1), unit(t2), numSpatialDimensions, normal);
-    normalize(normal);
+    storeUnit(normalTo(unit(t1), unit(t2), numSpatialDimensions), normal);
     return 0;
 }
 
@@ -141,18 +134,21 @@ int shp_Topology::ComputeFaceNormal(int const * conn, int face, int faceNode, ut
     if (hasCollapsed(conn, numNodes))
         return 1;
 
+    g3d_Vector sum;
     bool hasTriangle = false;
     for (int triangle = 0; triangle < numFaceTriangles; ++triangle) {
         CornerPlaces const corners(*this, faceTriTbl + 3 * triangle, face);
         if (!corners.areOnFace || !corners.have(faceNode))
             continue;
         auto const & [a, b, c] = corners.places;
-        addNormal(unitDifference(coords, b, a), unitDifference(coords, c, a), numSpatialDimensions, normal);
+        g3d_Vector const t1 = unitDifference(coords, b, a), t2 = unitDifference(coords, c, a);
+        g3d_Vector const part = normalTo(t1, t2, numSpatialDimensions);
+        sum.Set(sum.X() + part.X(), sum.Y() + part.Y(), sum.Z() + part.Z());
         hasTriangle = true;
     }
     if (!hasTriangle)
         return 1;
-    normalize(normal);
+    storeUnit(sum, normal);
     return 0;
 }
 
@@ -168,15 +164,10 @@ void shp_Topology::FaceCentroidFromElementCoordinates(int face, uti_CoordCont3D 
                                                       uti_CoordCont3D & centroids) const {
     // In two-dimensional space edge 0 takes the first nodes of the element instead of its own, as results on file do;
     // the face table has no row for the other edges.
-    int const * nodes = faceConnTbl + face * maxNodesPerFace;
-    int numNodes = 1;
-    if (numSpatialDimensions == 3) {
-        numNodes = NumNodesPerFace(face);
-    } else if (numSpatialDimensions == 2) {
-        numNodes = nodesPerEdgeTbl[face];
-        if (face > 0)
-            nodes = edgeConnTbl + face * maxNodesPerEdge;
-    }
+    bool const isPlanar = numSpatialDimensions == 2;
+    int const numNodes = isPlanar ? nodesPerEdgeTbl[face] : NumNodesPerFace(face);
+    int const * const nodes =
+        isPlanar && face > 0 ? edgeConnTbl + face * maxNodesPerEdge : faceConnTbl + face * maxNodesPerFace;
 
     float sumX = 0, sumY = 0, sumZ = 0;
     for (int i = 0; i < numNodes; ++i) {

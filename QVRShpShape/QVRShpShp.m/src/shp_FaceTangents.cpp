@@ -20,7 +20,7 @@ struct Tangents {
     bool isQuadratic = false; ///< the differences are not looked at: see quadraticTangents
 };
 
-/// The tangents of a triangle with midside nodes at its first corner.
+/// The tangents of a triangle with midside nodes, at its centre.
 constexpr Tangents quadratic = {{}, {}, true};
 
 /// A solid's tangents where its ends, the first `numEnds` faces, are of another kind than its sides; with no ends, all
@@ -34,8 +34,9 @@ constexpr FaceKinds allFaces(Tangents tangents) {
     return {0, tangents, tangents};
 }
 
-/// The tangents of each kind of element. Where rows differ more than in the face's own numbering, and the cylindrical
-/// elements' do, normals on file were made so: the sign follows the order of the two.
+/// The tangents of each kind of element. The order of the two decides on which side the normal is.
+/// FaceTanMidsideSwapped has them the other way round, so that 9-node cylindrical membranes look to the other side than
+/// all others: normals on file were made so.
 // clang-format off
 constexpr FaceKinds FaceTanTri            = allFaces({{1, 0}, {2, 0}});
 constexpr FaceKinds FaceTanQuadraticTri   = allFaces(quadratic);
@@ -61,7 +62,7 @@ void difference(uti_CoordCont3D const & coords, Difference nodes, float * out) {
         out[axis] = to[axis] - from[axis];
 }
 
-/// Derivatives of the quadratic triangle, from its corners 0, 1, 2 and midside nodes 3, 4, 5.
+/// Three times the derivatives of the quadratic triangle at its centre: corners 0, 1, 2, midside nodes 3, 4, 5.
 void quadraticTangents(uti_CoordCont3D const & coords, float * t1, float * t2) {
     uti_Coord3D const c0 = coords[0], c1 = coords[1], c2 = coords[2], c3 = coords[3], c4 = coords[4], c5 = coords[5];
     for (int axis = 0; axis < 3; ++axis) {

@@ -5,6 +5,7 @@
 #include "shp_Topology.h"
 
 #include <cstdio>
+#include <initializer_list>
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include "shp_FunctionSets.h"
 #include "shp_InterpolationTables.h"
 #include "shp_KeyBit.h"
+#include "shp_LineWorkers.h"
 #include "shp_TableMemory.h"
 
 #include <algorithm>
@@ -14,6 +15,9 @@ namespace {
 
 /// The most nodes of one plane, and shape functions of one set.
 constexpr int maxBaseNodes = 27;
+
+/// The interpolation class of quadrilaterals that have neither 4 nor 9 nodes.
+constexpr int quadWithoutCentreClass = 6;
 
 /// What a shape and a node count settle.
 struct ShapeNumbers {
@@ -268,6 +272,15 @@ void shp_Topology::chooseWorkers() {
         reverseFaceWorker = reverseWhole;
     else
         reverseFaceWorker = permuteAsElement;
+
+    if (numFaceTriangles != 0)
+        lineWorker = surfaceLineWorker;
+    else if (numGeometryDimensions == 0)
+        lineWorker = pointLineWorker;
+    else if (numGeometryDimensions == 1)
+        lineWorker = segmentLineWorker;
+    if (interpolationClass == quadWithoutCentreClass)
+        prepareCoords = completeQuadCenterNode;
 }
 
 /// A thermal fluid pipe is interpolated along its two end nodes; its other nodes only carry results.

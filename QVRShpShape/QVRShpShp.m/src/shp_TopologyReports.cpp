@@ -15,7 +15,7 @@ constexpr int maxNodes = 27;
 /// Values of a weight table on one line.
 constexpr int blockRow = 8;
 
-/// Floats are told apart by as many digits, nearly always.
+/// Significant digits of locations and weights.
 constexpr int weightDigits = 7;
 
 void write(aio_ostream & stream, int number) {
