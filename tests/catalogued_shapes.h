@@ -1,7 +1,7 @@
 #ifndef catalogued_shapes_h
 #define catalogued_shapes_h
 
-// The shapes of the catalogue, for laws over all of them.
+// The shapes of the catalogue, for laws over all of them, and keys that it does not have.
 
 #include "omi_BtreeIterator.h"
 #include "shp_Shape.h"
@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
 
@@ -29,6 +30,13 @@ template <class Visit> void forEachShape(Visit visit) {
         SCOPED_TRACE(labels.CurrentKey().CStr());
         visit(*dictionary().GetShape(labels.CurrentKey()));
     }
+}
+
+/// The key of a list of bits.
+inline LongKey keyOf(std::initializer_list<unsigned int> bits) {
+    LongKey key;
+    key.setBits(static_cast<unsigned int>(bits.size()), bits.begin());
+    return key;
 }
 
 #endif

@@ -147,6 +147,7 @@ TEST(Line, MeetsALine) {
     expectNear(meet({-1, 0, 0}, {3, 0, 0}, false), {-0.25, 0, 0.75, 1});
     expectNear(meet({6, 0, 0}, {-2, 0, 0}, true), {1, 0.25, 0, 0.75});
     expectNear(meet({1, 0, 0}, {2, 0, 0}, true, false), {0, -1, 1, 3});
+    expectNear(meet({2, 0, 0}, {1, 0, 0}, true, false), {1, -2, 0, 2});
     expectNear(meet({4, 0, 0}, {6, 0, 0}, true), {1, 0});
     expectNear(meet({4.1, 0, 0}, {6, 0, 0}, true), {});
 }
@@ -173,6 +174,7 @@ TEST(Line, MeetsATriangle) {
     expectNear(meet({-1, 1, 0.9e-6}, {7, 1, -0.9e-6}, true), {0.125, 0.5});
     expectNear(meet({-1, 1, 1.1e-6}, {7, 1, 1.1e-6}, true), {});
     expectNear(meet({6, -2, 0}, {-2, 6, 0}, true), {0.25, 0.75});
+    expectNear(meet({6, -1.999, 0}, {-2, 6.001, 0}, true), {});
     expectNear(meet({-1, 5, 0}, {1, 3, 0}, true), {0.5, 1});
     expectNear(meet({-1, 3, 0}, {1, 5, 0}, true), {0.5});
     expectNear(meet({-1, 3.001, 0}, {1, 5, 0}, true), {});
@@ -234,10 +236,12 @@ TEST(Intersection, OfABrickWithLinesOfEveryKind) {
     expectNear(meet({-3, 1, 1}, {-1, 1, 1}, false), {}); // nothing before 1.5
     expectNear(meet({-3, 1, 1}, {-0.9, 1, 1}, false), {3 / 2.1, 5 / 2.1});
     expectNear(Hits(t, Positions(8), {-1, 0, 0}, {1, 0, 0}, false).parameters(), {});
+    expectNear(meet({2, 1, 1}, {3, 1, 1}, false), {0}); // a hit at the start hides what lies before it
     // A parameter near the start of a long line keeps its value; the same distance on a short one counts as none.
     EXPECT_NEAR(meet({-4e-7, 1, 1}, {3, 1, 1}, false)[0], 4e-7 / 3.0000004, 1e-15);
     EXPECT_EQ(meet({-4e-7, 1, 1}, {1e-3, 1, 1}, false)[0], 0);
     EXPECT_EQ(meet({2 - 4e-7, 1, 1}, {2 + 1e-3, 1, 1}, false)[1], 0);
+    EXPECT_NEAR(meet({-1, 0.3, 0.7}, {2, 1.1, 1.3}, false)[1], 1, 1e-15); // not formed anew from float weights
 }
 
 // The triangles meet in the centre of the curved face.

@@ -179,6 +179,10 @@ TEST(Location, HasLimits) {
     EXPECT_TRUE(finds(pyramid, element(pyramid, 1, asItIs), {0, 0, 0.999}));
     EXPECT_FALSE(finds(pyramid, element(pyramid, 1, asItIs), {0, 0, 0.99999}));
     EXPECT_TRUE(finds(pyramid, element(pyramid, 1, asItIs), {0, 0, 1}));
+    // x = 40 g g + g: the first step, to g = x, may make the Jacobian a thousand times as large.
+    Positions const parabola = {{39, 0, 0}, {0, 0, 0}, {41, 0, 0}};
+    EXPECT_TRUE(finds(shapeOf("T3D3"), parabola, {37, 0, 0}));
+    EXPECT_FALSE(finds(shapeOf("T3D3"), parabola, {38, 0, 0}));
 }
 
 TEST(Location, OnASurfaceOrALineNeedsAPlaneOrAnAxis) {
@@ -206,6 +210,10 @@ TEST(Location, OnASurfaceOrALineNeedsAPlaneOrAnAxis) {
             EXPECT_FALSE(finds(t, inclined, t.InterpolatePointFromNodes(inclined.data(), expected.data())));
         }
     }
+    // The sign that is kept: near the start, the mirror image of a point of the plane is found, and the point is not.
+    Positions const inclined = {{-1, -1, -0.1}, {1, -1, 0.1}, {1, 1, 0.1}, {-1, 1, -0.1}};
+    EXPECT_FALSE(finds(shapeOf("S4"), inclined, {1e-4, 0, 1e-5}));
+    EXPECT_TRUE(finds(shapeOf("S4"), inclined, {1e-4, 0, -1e-5}));
 }
 
 TEST(Location, EndsWhereNumbersOrElementsDo) {
