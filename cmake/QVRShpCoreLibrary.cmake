@@ -19,8 +19,9 @@ function(qvrshpcore_configure target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_compile_options(${target} PRIVATE -ffp-contract=off -fno-fast-math)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # A unique symbol would keep the library resident after dlclose.
-    target_compile_options(${target} PRIVATE -fno-gnu-unique)
+    # A unique symbol would keep the library resident after dlclose. The straight-line vectoriser of g++ 12 drops the
+    # rounding of a pair of doubles to float and back, from -O2 on.
+    target_compile_options(${target} PRIVATE -fno-gnu-unique -fno-tree-slp-vectorize)
   endif()
   target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
                              PRIVATE ${PROJECT_SOURCE_DIR}/frame/foundation ${PROJECT_SOURCE_DIR}/frame/module

@@ -92,7 +92,7 @@ TEST(Strings, OrderIsThatOfUnsignedBytesAndFindStartsAnywhere) {
 
 TEST(Strings, ReadAndEraseNoFurtherThanTheyMay) {
     for (int position : {INT_MIN, -2, 0, 2, 6, INT_MAX})
-        for (int count : {0, 3, INT_MAX})
+        for (int count : {INT_MIN, 0, 3, INT_MAX})
             EXPECT_EQ(cow_String("abcdef").Delete(position, count), withoutBytes("abcdef", position, count).c_str());
     char const unterminated[] = {'H', 'e', 'x'}, *const null = nullptr;
     EXPECT_EQ(cow_String(unterminated, 3), "Hex");

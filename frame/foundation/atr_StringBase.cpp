@@ -164,7 +164,8 @@ atr_StringBase & atr_StringBase::Erase() noexcept {
 atr_StringBase & atr_StringBase::Erase(int position, int count) {
     int const length = Length();
     int const first = std::max(position, 0);
-    int const last = static_cast<int>(std::min<long long>(static_cast<long long>(position) + count, length));
+    long long const end = static_cast<long long>(position) + count;
+    int const last = static_cast<int>(std::clamp<long long>(end, 0, length));
     if (first >= last)
         return *this;
     unshare();

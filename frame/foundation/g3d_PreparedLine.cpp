@@ -11,6 +11,9 @@ namespace {
 /// What a barycentric coordinate may miss a closed triangle by.
 constexpr double weightSlack = 1e-9;
 
+/// What a line touches of a triangle is a point up to this part of the triangle's extent along the line.
+constexpr double touch = 1e-6;
+
 /// Sine of the angle to the plane up to which a line may lie in the plane; the tolerance decides whether it does.
 constexpr double grazingSine = 1e-6;
 
@@ -48,6 +51,14 @@ struct Interval {
     }
     bool isEmpty() const { return !(looseLow <= looseHigh); }
     bool isPoint() const { return !(low < high); }
+
+    /// What only the slack has left: most often a point, but long where the line runs along an edge.
+    void takeLoose(bool isBounded, double longestPoint) {
+        low = isBounded ? std::clamp(looseLow, 0.0, 1.0) : looseLow;
+        high = isBounded ? std::clamp(looseHigh, 0.0, 1.0) : looseHigh;
+        if (high - low <= longestPoint)
+            low = high = 0.5 * (low + high);
+    }
 };
 
 /// A barycentric coordinate along a line: its value at one point, and its slope.
@@ -213,8 +224,7 @@ int g3d_PreparedLine::meetInPlane(Plane const & plane, double const (&corners)[3
         return 0;
 
     if (inside.isPoint())
-        inside.low =
-            isBounded ? std::clamp(0.5 * (inside.low + inside.high), 0.0, 1.0) : 0.5 * (inside.low + inside.high);
+        inside.takeLoose(isBounded, touch * extent);
     int const count = inside.isPoint() ? 1 : 2;
     for (int i = 0; i < count; ++i) {
         t[i] = i == 0 ? inside.low : inside.high;
