@@ -2,8 +2,7 @@
 // labels become shapes.
 
 #include "catalogued_shapes.h"
-#include "mem_Alloc.h"
-#include "mem_OutOfMemoryException.h"
+#include "memory_refusals.h"
 #include "shp_KeyBit.h"
 #include "shp_Options.h"
 
@@ -177,22 +176,14 @@ TEST_F(Catalogue, EveryLabelBecomesOneShapeNumberedByItsFirstUse) {
 }
 
 TEST_F(Catalogue, AShapeThatCannotBeKeptUsesUpItsNumber) {
-    static std::size_t untilFailure;
+    dictionary();
     std::vector<unsigned int> numbers; // at the next request, after the failure of the first allocation, the second...
-    for (bool failed = true; failed;) {
-        omi_SingletonBase<shp_ShapeDictionary>::Finalize();
-        dictionary();
-        untilFailure = numbers.size() + 1;
-        mem_SetFailureHook([](std::size_t) { return --untilFailure == 0; });
-        try {
-            shapeOf("C3D8C1");
-            failed = false;
-        } catch (mem_OutOfMemoryException const &) {
-        }
-        mem_SetFailureHook(nullptr);
-        if (failed)
-            numbers.push_back(shapeOf("C3D8C1").shapeRef);
-    }
+    refuseEachAllocation([] { shapeOf("C3D8C1"); },
+                         [&] {
+                             numbers.push_back(shapeOf("C3D8C1").shapeRef);
+                             omi_SingletonBase<shp_ShapeDictionary>::Finalize();
+                             dictionary();
+                         });
     ASSERT_GT(numbers.size(), 2u);
     std::vector<unsigned int> expected(numbers.size());
     expected.back() = 1; // the insertion: the shape stood
