@@ -64,4 +64,7 @@ inline std::vector<shp_Shape const *> const & allShapes() {
     return shapes;
 }
 
+/// Built before the first input, so that no input gets the credit for the branches that this takes.
+inline bool const isCatalogueBuilt = !allShapes().empty();
+
 #endif

@@ -5,7 +5,8 @@
 #include <algorithm>
 
 // How the two tangents of a face come from the positions of its nodes. Node numbers here are places in the face's own
-// list: corners first, counter-clockwise seen from outside, then midside nodes (see shp_ConnectivityTablesFaces.cpp).
+// list: as a rule corners first, counter-clockwise seen from outside, then midside nodes; gasket, cohesive and
+// cylindrical elements have orders of their own (see shp_ConnectivityTablesFaces.cpp).
 
 namespace {
 
@@ -114,7 +115,7 @@ constexpr shp_Choice<shp_FaceTangents> faceTangents[] = {
     {.shape = shp_keyPrism,  .nodes = 12,                                                                 .result = tangents<FaceTanWedge12>},
     {.shape = shp_keyPrism,  .nodes = {15, 18},  .with = shp_keyCylindrical,                              .result = tangents<FaceTanWedge15Cyl>},
     {.shape = shp_keyPrism,  .nodes = {15, 18},  .without = shp_keyCylindrical,                           .result = tangents<FaceTanWedge15>},
-    {.shape = shp_keyPyramid,                                                                              .result = tangents<FaceTanPyramid>},
+    {.shape = shp_keyPyramid,                                                                             .result = tangents<FaceTanPyramid>},
     {.result = FaceTanNone},
 };
 // clang-format on
