@@ -17,10 +17,7 @@ constexpr shp_TableChoice nodeLocations[] = {
     {.result = hexNodeLocs},
 };
 
-// 1/sqrt(3) as a float, and the shorter literals of 1/sqrt(3) and sqrt(3/5) in the larger rules: stored results depend
-// on each as it stands.
-constexpr float a2 = 0.57735026f, shortA2 = 0.57735f;
-constexpr float shortA3 = 0.774597f;
+constexpr float a2 = shp_a2, shortA2 = shp_shortA2, shortA3 = shp_shortA3;
 
 constexpr auto hexIntPts8 = shp_tensorPoints({-a2, a2}, {-a2, a2}, {-a2, a2});
 constexpr auto hexIntPts12 = shp_tensorPoints({-shortA2, shortA2}, {-shortA2, shortA2}, {-shortA3, 0, shortA3});

@@ -3,6 +3,7 @@
 #include "shp_InterpolationTables.h"
 
 #include "shp_HexInterpTables.h"
+#include "shp_PointRules.h"
 #include "shp_PrismInterpTables.h"
 #include "shp_QuadInterpTables.h"
 #include "shp_TableSource.h"
@@ -75,8 +76,7 @@ constexpr shp_TableChoice faceCentres[] = {
 constexpr float lineNodeLocs2[][3] = {{-1, 0, 0}, {1, 0, 0}};
 constexpr float lineNodeLocs3[][3] = {{-1, 0, 0}, {0, 0, 0}, {1, 0, 0}};
 
-constexpr float a2 = 0.57735026f; // 1/sqrt(3)
-constexpr float a3 = 0.77459669f; // sqrt(3/5)
+constexpr float a2 = shp_a2, a3 = shp_a3;
 constexpr float lineIntPts2[][3] = {{-a2, 0, 0}, {a2, 0, 0}};
 constexpr float lineIntPts3[][3] = {{-a3, 0, 0}, {0, 0, 0}, {a3, 0, 0}};
 /// Both ends first, the middle last.

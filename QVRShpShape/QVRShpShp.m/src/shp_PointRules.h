@@ -3,6 +3,11 @@
 
 #include <cstddef>
 
+// 1/sqrt(3) and sqrt(3/5) as floats, and the shorter literals that some rules have in their place: the tables do not
+// agree on them, and stored results depend on each as it stands.
+inline constexpr float shp_a2 = 0.57735026f, shp_shortA2 = 0.57735f;
+inline constexpr float shp_a3 = 0.77459669f, shp_shortA3 = 0.774597f;
+
 /// Isoparametric locations (g, h, r), one row a point, for tables that the compiler fills by a rule.
 template <std::size_t Count> struct shp_Points {
     float rows[Count][3] = {};

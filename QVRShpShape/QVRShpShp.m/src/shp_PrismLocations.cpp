@@ -15,9 +15,7 @@ constexpr shp_TableChoice nodeLocations[] = {
     {.result = prismNodeLocs},
 };
 
-// 1/sqrt(3) and sqrt(3/5) as floats, and the shorter literal of the thickness points.
-constexpr float a2 = 0.57735026f;
-constexpr float a3 = 0.77459669f, shortA3 = 0.774597f;
+constexpr float a2 = shp_a2, a3 = shp_a3, shortA3 = shp_shortA3;
 
 constexpr float third = 1.0f / 3.0f, shortThird = 0.333333f;
 constexpr float prismIntPts2[][3] = {{third, third, -a2}, {third, third, a2}};

@@ -17,10 +17,7 @@ constexpr shp_TableChoice nodeLocations[] = {
     {.result = quadNodeLocs6},
 };
 
-// 1/sqrt(3) and sqrt(3/5) as floats, and the shorter literals of the cylindrical and thickness points: the tables do
-// not agree on them, and stored results depend on each as it stands.
-constexpr float a2 = 0.57735026f, shortA2 = 0.57735f;
-constexpr float a3 = 0.77459669f, shortA3 = 0.774597f;
+constexpr float a2 = shp_a2, a3 = shp_a3, shortA2 = shp_shortA2, shortA3 = shp_shortA3;
 
 /// Four Gauss points, g fastest. The fifth row, the centre, is for elements with 5 points.
 constexpr float quadIntPts4[][3] = {{-a2, -a2, 0}, {a2, -a2, 0}, {-a2, a2, 0}, {a2, a2, 0}, {0, 0, 0}};
