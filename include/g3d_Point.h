@@ -1,8 +1,10 @@
 #ifndef g3d_Point_h
 #define g3d_Point_h
 
+#include "QVRShpCore_Export.h"
+
 /// A position: four floats x, y, z, w, where w is 1.
-class g3d_Point {
+class QVRSHPCORE_API g3d_Point {
 public:
     constexpr g3d_Point() = default; ///< (0, 0, 0, 1)
     constexpr g3d_Point(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}

@@ -1,10 +1,12 @@
 #ifndef g3d_Vector_h
 #define g3d_Vector_h
 
+#include "QVRShpCore_Export.h"
+
 #include <cmath>
 
 /// A direction: three floats x, y, z.
-class g3d_Vector {
+class QVRSHPCORE_API g3d_Vector {
 public:
     constexpr g3d_Vector() = default; ///< (0, 0, 0)
     constexpr g3d_Vector(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}

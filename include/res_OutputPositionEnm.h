@@ -1,9 +1,11 @@
 #ifndef res_OutputPositionEnm_h
 #define res_OutputPositionEnm_h
 
+#include "QVRShpCore_Export.h"
+
 /// Where a result stands. Values without an enumerator (11, 13 to 15 among them) are legal. The numbers are stored in
 /// output databases.
-enum res_OutputPositionEnm : int {
+enum QVRSHPCORE_API res_OutputPositionEnm : int {
     res_OutputPosition_UNDEFINED_POSITION = 0,
     res_OutputPosition_NODAL = 1,
     res_OutputPosition_SURFACE_NODAL = 12,

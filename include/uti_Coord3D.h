@@ -1,8 +1,10 @@
 #ifndef uti_Coord3D_h
 #define uti_Coord3D_h
 
+#include "QVRShpCore_Export.h"
+
 /// Three floats x, y, z.
-class uti_Coord3D {
+class QVRSHPCORE_API uti_Coord3D {
 public:
     constexpr uti_Coord3D() = default; ///< (0, 0, 0)
     constexpr uti_Coord3D(float x, float y, float z) : coords{x, y, z} {}

@@ -1,0 +1,14 @@
+#ifndef cow_ArrayCOW_h
+#define cow_ArrayCOW_h
+
+#include "cow_COW.h"
+
+/// The cow_COW that stands in arrays: the elements of persistent lists.
+template <class T, class Policy> class QVRSHPCORE_API cow_ArrayCOW : public cow_COW<T, Policy> {
+public:
+    cow_ArrayCOW(T * object = nullptr) : cow_COW<T, Policy>(object) {}
+
+    using cow_COW<T, Policy>::operator=;
+};
+
+#endif
