@@ -1,7 +1,8 @@
-# refusals.sh STRESS_TO_NODES CUT: arguments that are at fault get one sentence, nothing on standard output, and exit
-# status 2; so does a point outside the body, with exit status 1.
+# refusals.sh STRESS_TO_NODES CUT DESCRIBE_RESULTS: arguments that are at fault get one sentence, nothing on standard
+# output, and exit status 2; so does a point outside the body, with exit status 1.
 program=$1
 cut=$2
+describe=$3
 wanted=2
 failed=0
 refuses() {
@@ -32,4 +33,10 @@ program=$cut
 wanted=2
 refuses "is a layered solid" C3D8C3
 refuses usage C3D8 2 3
+program=$describe
+refuses usage S
+if [ -c /dev/full ]; then
+    "$describe" 2>/dev/null >/dev/full
+    [ $? = 1 ] || { echo "$describe: a full device goes unnoticed" && failed=1; }
+fi
 exit $failed
