@@ -2,15 +2,17 @@
 #define container_models_h
 
 // Copy-on-write lists and maps beside plain models of them: several sharers and live iterators, of which all but the
-// one written to must stay as they are. Whoever runs a model draws its choices: `draw(n)` gives a number from 0 to n
-// - 1.
+// one written to must stay as they are. Now and then a copy or an allocation fails in the midst of an operation.
+// Whoever runs a model draws its choices: `draw(n)` gives a number from 0 to n - 1.
 
 #include "cow_ConstMapIterator.h"
 #include "cow_ListIter.h"
+#include "memory_refusals.h"
 
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -60,6 +62,30 @@ private:
     int mark = built;
 };
 
+/// What became of an operation.
+enum class Outcome { done, copyFailed, memoryFailed };
+
+/// Does `work`, one time in eight with one of its copies or of its allocations failing.
+template <class Draw, class Work> Outcome attempt(Draw & draw, Work work) {
+    int const kind = draw(16);
+    int const failing = kind < 2 ? 1 + draw(draw(2) == 0 ? 4 : 40) : 0;
+    Outcome outcome = Outcome::done;
+    try {
+        std::optional<MemoryRefusal> refusal;
+        if (kind == 0)
+            refusal.emplace(failing);
+        if (kind == 1)
+            Tracked::copiesUntilFailure = failing;
+        work();
+    } catch (int) {
+        outcome = Outcome::copyFailed;
+    } catch (mem_OutOfMemoryException const &) {
+        outcome = Outcome::memoryFailed;
+    }
+    Tracked::copiesUntilFailure = -1;
+    return outcome;
+}
+
 using TrackedList = cow_List<Tracked>;
 
 /// By index, from both sides of `const`, and by iterator.
@@ -85,7 +111,7 @@ void operate(Draw & draw, TrackedList & list, std::vector<int> & model, TrackedL
     Tracked const x(v);
     auto const place = model.begin() + at;
     auto const isOther = [&](int value) { return std::count(otherModel.begin(), otherModel.end(), value) != 0; };
-    switch (draw(length > 0 ? 17 : 10)) {
+    switch (draw(length > 0 ? 18 : 10)) {
     case 0: list.Append(x), model.push_back(v); break;
     case 1: list.Prepend(x), model.insert(model.begin(), v); break;
     case 2: list.InsertIndex(at, x), model.insert(place, v); break;
@@ -120,6 +146,12 @@ void operate(Draw & draw, TrackedList & list, std::vector<int> & model, TrackedL
         break;
     case 15: list = list.Difference(other), std::erase_if(model, isOther); break;
     case 16: list.Sort(), std::sort(model.begin(), model.end()); break;
+    case 17: {
+        int number = 0;
+        std::unique_ptr<Tracked[]> const array(list.GetCArray(number));
+        require(std::equal(array.get(), array.get() + number, model.begin(), model.end()), "elements as an array");
+        break;
+    }
     default: break;
     }
     auto const found = std::find(model.begin(), model.end(), v);
@@ -129,7 +161,7 @@ void operate(Draw & draw, TrackedList & list, std::vector<int> & model, TrackedL
 }
 
 template <class Draw> void runListModel(Draw draw, int steps) {
-    constexpr int sharers = 5;
+    constexpr int sharers = 3;
     struct Walk {
         cow_ListIter<Tracked> it;
         std::vector<int> model;
@@ -147,10 +179,15 @@ template <class Draw> void runListModel(Draw draw, int steps) {
             auto & walk = walks[draw(3)];
             walk.reset(draw(4) == 0 ? nullptr : new Walk{cow_ListIter<Tracked>(lists[n]), models[n]});
         } else {
-            operate(draw, lists[n], models[n], lists[other], models[other]);
+            auto const operation = [&] { operate(draw, lists[n], models[n], lists[other], models[other]); };
+            if (attempt(draw, operation) != Outcome::done) { // what was moved by then stays moved
+                models[n].clear();
+                for (cow_ListIter<Tracked> it(lists[n]); it.NotDone(); it.Next())
+                    models[n].push_back(it.CurrentItem().value);
+            }
         }
         requireSame(lists[n], models[n]);
-        if (step % 16 != 0)
+        if (step % 16 != 15 && step + 1 != steps)
             continue;
         for (int k = 0; k < sharers; ++k)
             requireSame(lists[k], models[k]);
@@ -227,7 +264,7 @@ inline void requireSame(TrackedMap const & map, PlainTree const & model) {
 }
 
 template <class Draw> void runMapModel(Draw draw, int steps) {
-    constexpr int sharers = 4;
+    constexpr int sharers = 3;
     struct Walk {
         cow_ConstMapIterator<cow_String, Tracked> it;
         PlainTree model;
@@ -247,27 +284,34 @@ template <class Draw> void runMapModel(Draw draw, int steps) {
                 "value of a key");
         int const value = draw(1000);
         int const choice = draw(16);
-        if (choice < 7) {
-            require(maps[n].Insert(mapKey, value), "insertion");
-            models[n].insert(key, value);
-        } else if (choice < 12) {
-            require(maps[n].Remove(mapKey) == isThere, "removal");
-            if (isThere)
-                models[n].remove(key);
-        } else if (choice < 14) {
-            Tracked & written = maps[n].Get(mapKey);
-            require(isThere || written.value == 0, "scratch value");
-            written = value;
-            if (isThere)
+        Outcome const outcome = attempt(draw, [&] {
+            if (choice < 7) {
+                require(maps[n].Insert(mapKey, value), "insertion");
                 models[n].insert(key, value);
-        } else if (choice < 15) {
-            int const other = draw(sharers);
-            maps[n] = maps[other];
-            models[n] = models[other];
-        } else {
-            walk.reset(new Walk{cow_ConstMapIterator<cow_String, Tracked>(maps[n]), models[n]});
+            } else if (choice < 12) {
+                require(maps[n].Remove(mapKey) == isThere, "removal");
+                if (isThere)
+                    models[n].remove(key);
+            } else if (choice < 14) {
+                Tracked & written = maps[n].Get(mapKey);
+                require(isThere || written.value == 0, "scratch value");
+                written = value;
+                if (isThere)
+                    models[n].insert(key, value);
+            } else if (choice < 15) {
+                int const other = draw(sharers);
+                maps[n] = maps[other];
+                models[n] = models[other];
+            } else {
+                walk.reset(new Walk{cow_ConstMapIterator<cow_String, Tracked>(maps[n]), models[n]});
+                walk->it.First();
+            }
+        });
+        if (outcome == Outcome::copyFailed && 7 <= choice && choice < 12) { // the removal may be half done
+            maps[n] = TrackedMap();
+            models[n] = PlainTree();
         }
-        if (step % 16 != 0)
+        if (step % 16 != 15 && step + 1 != steps)
             continue;
         for (int k = 0; k < sharers; ++k)
             requireSame(maps[k], models[k]);
