@@ -20,7 +20,8 @@ public:
                       cow_String const & bottomLabel);
     /// Shares the labels.
     odiC_CategorySpec(odiC_CategorySpec const &) = default;
-    /// Each gives this spec labels of its own, shared with nobody. The arguments may be fields of this spec.
+    /// Each gives this spec labels of its own, shared with nobody. The arguments may be fields of this spec, which
+    /// stays as it was when memory runs out.
     odiC_CategorySpec & operator=(odiC_CategorySpec const & other);
     void reset(int id, cow_String const & label, bool showDiff, int top, int bottom, cow_String const & topLabel,
                cow_String const & bottomLabel);

@@ -2,6 +2,10 @@
 
 #include "odiC_FieldPacking.h"
 
+#include <memory>
+#include <type_traits>
+#include <utility>
+
 namespace {
 
 constexpr int packedLength = 7;
@@ -9,7 +13,7 @@ constexpr int packedLength = 7;
 /// Gives one field the value of another; a text comes out unshared.
 template <class Field> void copyUnshared(Field & own, Field const & other) {
     if constexpr (std::is_same_v<Field, cow_String>)
-        own.Erase().Append(other.CStr()); // appending the string itself would share it
+        own = other.CStr(); // the string itself would be shared
     else
         own = other;
 }
@@ -34,8 +38,11 @@ template <class Visit, class... Self> void odiC_CategorySpec::forEachField(Visit
 }
 
 odiC_CategorySpec & odiC_CategorySpec::operator=(odiC_CategorySpec const & other) {
-    if (this != &other)
-        forEachField([](auto & own, auto const & others) { copyUnshared(own, others); }, *this, other);
+    if (this != &other) {
+        odiC_CategorySpec created; // in whole before this spec changes: memory may run out
+        forEachField([](auto & own, auto const & others) { copyUnshared(own, others); }, created, other);
+        forEachField([](auto & own, auto & others) { std::swap(own, others); }, *this, created);
+    }
     return *this;
 }
 
