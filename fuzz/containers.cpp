@@ -42,9 +42,9 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const * data, std::size_t siz
         return 0;
     try {
         if (data[0] % 2 == 0)
-            runListModel(Draw(data + 1, size - 1), 20);
+            runListModel(Draw(data + 1, size - 1), 12);
         else
-            runMapModel(Draw(data + 1, size - 1), 20);
+            runMapModel(Draw(data + 1, size - 1), 12);
     } catch (std::logic_error const & broken) {
         require(false, broken.what(), "");
     }

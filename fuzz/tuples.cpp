@@ -319,6 +319,7 @@ template <class Descriptor> void check(Descriptor const & x, bool isToBePrinted)
     require(!isToBePrinted || printed(x) == printed(y), "a round trip prints the same", "");
     require(x == x, "all equals itself", "");
     if constexpr (std::is_same_v<Descriptor, odiC_VariableSelection>) {
+        require(x.RefinementLabel().Empty() == (x.RefinementId() == 0xffffffff), "a refinement has label and id", "");
         checkTravelled(x, y);
         checkComparison(x, y);
     } else {
@@ -335,21 +336,31 @@ template <class Descriptor> std::optional<Descriptor> readTuple(omu_PrimTuple & 
     }
 }
 
-/// A sound tuple and the same with a change, which may lie beyond its end.
+/// The elements of a tuple of this shape, one for each letter or bracket outside all brackets.
+int lengthOf(char const * shape) {
+    int length = 0;
+    for (int open = 0; *shape != '\0'; ++shape) {
+        open -= *shape == ')' || *shape == ']' || *shape == '}';
+        length += open == 0 && *shape != ')';
+        open += *shape == '(' || *shape == '[' || *shape == '{';
+    }
+    return length;
+}
+
+/// A tuple with a change, which may lie beyond its end; where that leaves it sound, also beside the tuple without.
 template <class Descriptor> void checkTuples(Input & input, char const * shape) {
     int const element = input.byte() % 64;
     auto const change = static_cast<TupleMaker::Change>(input.byte() % TupleMaker::numChanges);
-    omu_PrimTuple sound = TupleMaker(input).make(shape);
-    omu_PrimTuple changed = TupleMaker(input, element, change).make(shape);
-    auto const x = readTuple<Descriptor>(sound);
-    require(x.has_value(), "a sound tuple is read", "");
-    auto const y = readTuple<Descriptor>(changed);
-    require(y.has_value() ? changed.Length() == sound.Length() : change != TupleMaker::vary,
-            "a tuple of another length is refused, one with another value read", "");
-    if (y.has_value()) {
-        check(*y, input.byte() % 4 == 0);
-        checkComparison(*x, *y);
+    omu_PrimTuple tuple = TupleMaker(input, element, change).make(shape);
+    auto const x = readTuple<Descriptor>(tuple);
+    if (!x.has_value())
+        return require(change != TupleMaker::vary, "a sound tuple is read", "");
+    require(tuple.Length() == lengthOf(shape), "a tuple of another length is refused", "");
+    if (change == TupleMaker::vary) {
+        omu_PrimTuple unchanged = TupleMaker(input).make(shape);
+        checkComparison(*x, unpacked<Descriptor>(unchanged));
     }
+    check(*x, input.byte() % 4 == 0);
 }
 
 /// A tuple of tuples becomes a map by label, of which each value is one of a tuple's.
