@@ -5,16 +5,22 @@
 #include "cow_List.h"
 #include "cow_ListIter.h"
 #include "cow_String.h"
+#include "mem_AllocationOperators.h"
 #include "odiC_StepDomainEnm.h"
 #include "omi_BlkBitVect.h"
-#include "omu_PrimTuple.h"
+
+class omu_PrimTuple;
 
 /// One analysis step of an output database: two texts, three numbers, its domain, and the frames that it holds. What
 /// the numbers, the flag and the mask say is a matter between those who write the database and those who read it.
 ///
+/// Packed form, a tuple of 11: label, description, the three values, domain, label of the default frame, labels and
+/// values of the frames (a list each), flag, mask of frames (a list of texts, utl_BlkBitUtils::GetMaskString). The
+/// three values are double there, domain and flag int.
+///
 /// Copies share their texts and lists. Threads: comparing and packing count as copying, so no two threads use a
 /// description and its copies at once while one of them does any of this or writes.
-class QVRSHPCORE_API odiC_StepFrameDesc {
+class QVRSHPCORE_API odiC_StepFrameDesc : public mem_AllocationOperators {
 public:
     /// Empty texts, lists and mask; the values 0, -1 and -1; domain 0; the flag false.
     odiC_StepFrameDesc() = default;
@@ -47,9 +53,10 @@ public:
     bool operator<(odiC_StepFrameDesc const & other) const { return stepLabel < other.stepLabel; }
     bool operator>(odiC_StepFrameDesc const & other) const { return stepLabel > other.stepLabel; }
 
-    /// The packed form, 11 elements, which the caller owns (`delete`).
+    /// The packed form. The caller owns it.
     omu_PrimTuple * PackTuple() const;
-    /// What PackTuple packed. A missing, surplus or wrong element raises nex_PrimException<atr_String, 1>.
+    /// What PackTuple packed, read from the tuple's first element on. A missing, surplus or wrong element raises
+    /// nex_PrimException<atr_String, 1>.
     static odiC_StepFrameDesc UnpackTuple(omu_PrimTuple & tuple);
 
 private:
@@ -71,6 +78,5 @@ private:
 
 extern template class cow_List<odiC_StepFrameDesc>;
 extern template class cow_ListIter<odiC_StepFrameDesc>;
-extern template bool operator==(cow_List<odiC_StepFrameDesc> const &, cow_List<odiC_StepFrameDesc> const &);
 
 #endif

@@ -51,7 +51,8 @@ public:
     /// length 1 whatever the norm of the quaternion. False, with `axes` as it was, when an image has no length.
     static bool QuatToRotationVec(float const * quat, float * axes);
     /// The quaternion `quat[4]` of the rotation with the matrix `matrix[9]`, row by row. That is the transpose of what
-    /// QuatToRotationVec writes. Always true; a matrix that is no rotation may give infinities or not-a-number.
+    /// QuatToRotationVec writes. Always true; a matrix that is no rotation may give infinities or not-a-number. The two
+    /// arrays do not overlap.
     static bool XformToQuat(float const * matrix, float * quat);
     /// The mean `quat[4]` of the orientations `quat1[4]` and `quat2[4]` of a bushing's ends: half the swing between
     /// their third axes and half the twist about them. Not-a-number when the third axes are parallel. The swing axis is

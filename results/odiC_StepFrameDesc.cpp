@@ -5,7 +5,6 @@
 
 template class cow_List<odiC_StepFrameDesc>;
 template class cow_ListIter<odiC_StepFrameDesc>;
-template bool operator==(cow_List<odiC_StepFrameDesc> const &, cow_List<odiC_StepFrameDesc> const &);
 
 namespace {
 

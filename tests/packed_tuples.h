@@ -6,6 +6,7 @@
 #include "cow_List.h"
 #include "nex_PrimException.h"
 #include "omu_PrimTuple.h"
+#include "res_PrimEnums.h"
 
 #include <gtest/gtest.h>
 
@@ -39,19 +40,42 @@ template <class Value> Elements with(Elements elements, std::size_t i, Value val
     return elements;
 }
 
-/// That a tuple is read from its beginning, and refused without, with twice, and with another in place of each of its
-/// elements.
+/// That a tuple is read from its beginning, and refused without, with twice, and with something that no tuple of ours
+/// holds in place of each of its elements.
 template <class Unpack> void expectOnlyThisShape(Elements const & elements, Unpack unpack) {
     omu_PrimTuple right = tupleOf(elements);
     EXPECT_NO_THROW(unpack(right));
     EXPECT_NO_THROW(unpack(right)) << "for the second time";
     for (std::size_t i = 0; i < elements.size(); ++i) {
-        auto missing = elements, surplus = elements;
+        auto missing = elements, surplus = elements, wrong = elements;
         missing.erase(missing.begin() + static_cast<std::ptrdiff_t>(i));
         surplus.insert(surplus.begin() + static_cast<std::ptrdiff_t>(i), elements[i]);
-        for (omu_PrimTuple tuple : {tupleOf(missing), tupleOf(surplus), tupleOf(with(elements, i, cow_List<float>()))})
+        wrong[i] = [](omu_PrimTuple & tuple) { tuple.Put(omu_PrimEnum<res_PairEnm, 1>(res_Pair_NONE).Copy()); };
+        for (omu_PrimTuple tuple : {tupleOf(missing), tupleOf(surplus), tupleOf(wrong)})
             EXPECT_THROW(unpack(tuple), PrimException) << tuple.AsRepr().CStr();
     }
+}
+
+/// That only this shape is read, that each element counts for equality, and that each way through a tuple leads back.
+/// Returns what is read from `elements` and from them with each replaced by its other in turn.
+template <class Object, class Pack, class Unpack>
+std::vector<Object> expectEachElementToCount(Elements const & elements, Elements const & others, Pack pack,
+                                             Unpack unpack) {
+    expectOnlyThisShape(elements, unpack);
+    std::vector<Object> read;
+    for (std::size_t i = 0; i <= elements.size(); ++i) {
+        Elements changed = elements;
+        if (i > 0)
+            changed[i - 1] = others.at(i - 1);
+        omu_PrimTuple tuple = tupleOf(changed);
+        read.push_back(unpack(tuple));
+        std::unique_ptr<omu_PrimTuple> const again(pack(read.back()));
+        EXPECT_TRUE(*again == tuple) << again->AsRepr().CStr() << ' ' << tuple.AsRepr().CStr();
+        for (std::size_t k = 0; k <= i; ++k)
+            EXPECT_TRUE((Object(read[k]) == read[i]) == (i == k) && (read[k] != Object(read[i])) == (i != k))
+                << i << ' ' << k;
+    }
+    return read;
 }
 
 /// That differences have the sign, and equality the outcome, of objects in falling order, of which only the first has
