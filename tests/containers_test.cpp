@@ -3,7 +3,6 @@
 #include "container_models.h"
 #include "cow_ArrayCOW.h"
 #include "cow_Virtual.h"
-#include "g3d_Point.h"
 
 #include <gtest/gtest.h>
 
