@@ -66,7 +66,7 @@ public:
     virtual void DeleteCow(cow_COW<int, cow_Direct<int>> * holder) const;
 
 private:
-    [[noreturn]] void refuse(char const * what) const;
+    [[noreturn]] void refuse(char const * why) const;
 
     cow_String className;
     unsigned int number;

@@ -23,8 +23,7 @@
 ///     cls_MemoryStore const kept(bytes.data(), bytes.size());
 ///     shp_AnalyticSurface const same{cls_ReadVisitor(kept)};
 ///
-/// It is a value; copies have the same content, and none of them shares anything that would keep two threads from
-/// using different ones, if only reading.
+/// It is a value. Archives and what was read from them share texts: they stay on one thread.
 class QVRSHPCORE_API cls_MemoryStore : public mem_AllocationOperators {
 public:
     /// Where an object stands in the archive. Attributes with the same index share one object.
@@ -42,8 +41,8 @@ public:
         cls_AttributeType Type() const noexcept;
     };
 
-    /// An object as it was written; a list is an object with the number cls_ClassNumber_LIST, whose attributes without
-    /// a name are its elements.
+    /// An object as it was written; a list is an object with the number cls_ClassNumber_LIST, whose attributes are
+    /// its elements.
     struct Object {
         unsigned int classNumber;
         cls_Uid uid;
@@ -79,13 +78,12 @@ private:
     friend class cls_WriteVisitor;
 
     template <class T> using Vector = std::vector<T, mem_Allocator<T>>;
-    class Check;
+    class Measure;
     class Output;
     class Input;
 
     int addObject(unsigned int classNumber, cls_Uid const & uid);
-    void addAttribute(int object, char const * name, auto && value);
-    cow_String const & nameText(char const * name);
+    void addAttribute(int object, char const * name, decltype(Attribute::value) && value);
 
     Vector<Object> objects;
     Vector<int> roots; ///< indexes of those that were written as objects of their own

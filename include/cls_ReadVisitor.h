@@ -59,15 +59,19 @@ public:
     int NumElements() const noexcept;
 
 private:
-    cls_ReadVisitor(cls_ReadVisitor const & whole, char const * name, int attribute);
+    struct Place {
+        char const * name;
+    };
 
-    template <class Value> Value const * find(cls_FieldHandle const & field, char const * wanted) const;
+    cls_ReadVisitor(cls_ReadVisitor const & whole, Place place);
+
+    template <class Value> Value const * find(cls_FieldHandle const & field) const;
 
     cls_MemoryStore const * store;
     int object;               ///< index in the archive, or -1
     int depth;                ///< objects around this one
-    unsigned int wholeNumber; ///< class number of the object around this one, for messages; 0 when there is none
-    char const * place;       ///< the attribute in that object, for messages; empty for an element and for a base part
+    unsigned int wholeNumber; ///< class number of the object around this one; 0 when there is none
+    Place place;              ///< in that object, for messages
 };
 
 #endif

@@ -41,8 +41,8 @@ public:
 
     /// Puts an object of this class and identity in its place; what is written next are its attributes. 0 when the pass
     /// has written the object already: then a reference to it is put there, and nothing of the object may be written.
-    /// Otherwise 1. Raises nex_PrimException<atr_String, 1> for an object that would become a part of itself, and for
-    /// one that lies more than 200 objects deep.
+    /// Otherwise 1. Raises nex_PrimException<atr_String, 1> for an object that would become a part of itself, for one
+    /// that lies more than 200 objects deep, and for a base part of another class than was announced.
     int StartWrite(unsigned int classNumber, cls_Uid const & uid) const;
 
     /// Each adds an attribute to the object that has been started; without one, and behind a StartWrite that gave 0,
@@ -65,15 +65,15 @@ private:
     enum Place { asRoot, asAttribute, asBase, asElement };
 
     int startedObject() const;
-    void add(cls_FieldHandle const & field, auto && value) const;
+    void attach(int object) const;
 
-    Pass * pass;                    ///< the visitor on the archive owns it
+    Pass * pass;                    ///< owned by the visitor on the archive
     cls_WriteVisitor const * whole; ///< null in the visitor on the archive
     Place place;
-    char const * fieldName;   ///< of an attribute; otherwise empty
-    unsigned int baseNumber;  ///< of a base part; otherwise 0
-    int depth;                ///< objects around this one
-    mutable int started = -1; ///< the object that is being written, or -1
+    char const * fieldName;      ///< of an attribute; otherwise empty
+    unsigned int baseNumber = 0; ///< of a base part
+    int depth;                   ///< objects around this one
+    mutable int started = -1;    ///< the object that is being written, or -1
 };
 
 #endif
