@@ -65,6 +65,7 @@ public:
     ByteArray Bytes() const;
 
     /// How many objects have been written as objects of their own, and each of them, 0 to Length() - 1 (not checked).
+    /// One that a pass has written twice stands there twice, and is the same object.
     int Length() const noexcept { return static_cast<int>(roots.size()); }
     Object const & operator[](int index) const { return At({roots[static_cast<std::size_t>(index)]}); }
 

@@ -60,8 +60,7 @@ int cls_WriteVisitor::StartWrite(unsigned int classNumber, cls_Uid const & uid) 
             if (around->started == written->second)
                 cls_raise(file, __LINE__, "An object of class %s is written as a part of itself.",
                           cls_nameOfClass(classNumber));
-        if (place != asRoot)
-            attach(written->second);
+        attach(written->second);
         return 0;
     }
 
