@@ -215,8 +215,11 @@ TEST(DatabaseErrors, AreStoredOnceInAPassAsTheirDescriptionSays) {
             written->DBWrite(pass);
     }
     cls_MemoryStore::Object const & object = store[0];
-    ASSERT_EQ(store.Length(), 2) << "a copy is the same object, an equal one is not";
-    EXPECT_EQ(readBack(store, 1)->UserReport(utf8), error.UserReport(utf8));
+    ASSERT_EQ(store.Length(), 4);
+    EXPECT_EQ(&store[1], &object) << "a copy is the same object";
+    EXPECT_EQ(&store[2], &object);
+    EXPECT_NE(&store[3], &object) << "an equal one is not";
+    EXPECT_EQ(readBack(store, 2)->UserReport(utf8), error.UserReport(utf8));
 
     cls_ClassMetadata const * const described = omi_Singleton<cls_MetadataRegistrar>::Instance().Find(0x2a40001u);
     ASSERT_NE(described, nullptr);
