@@ -172,8 +172,10 @@ private:
         return static_cast<std::uint32_t>(size);
     }
     template <class Number> void littleEndian(Number value) {
+        unsigned char written[sizeof value];
         for (std::size_t i = 0; i < sizeof value; ++i)
-            bytes.push_back(static_cast<unsigned char>(value >> 8 * i));
+            written[i] = static_cast<unsigned char>(value >> 8 * i);
+        bytes.insert(bytes.end(), std::begin(written), std::end(written));
     }
     void number(std::uint32_t value) { littleEndian(value); }
     void text(cow_String const & value) {
