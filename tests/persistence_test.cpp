@@ -378,6 +378,12 @@ TEST(Persistence, WhatCouldNotBeReadIsNotWritten) {
     Store wide;
     writeTower(cls_WriteVisitor(wide), 4, 10);
     EXPECT_EQ(fromBytes(wide.Bytes()).NumObjects(), 5);
+    {
+        cls_WriteVisitor const pass(wide);
+        for (int i = 0; i < 5000; ++i)
+            pass.StartWrite(cls_ClassNumber_LIST, cls_Uid(1, 1));
+    }
+    EXPECT_EQ(fromBytes(wide.Bytes()).Length(), 5001);
     writeTower(cls_WriteVisitor(wide), 60, 10);
     EXPECT_THROW(wide.Bytes(), Failure) << "ten to the power of sixty objects";
 

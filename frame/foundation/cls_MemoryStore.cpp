@@ -91,6 +91,7 @@ public:
         for (int const root : store.roots) {
             measure(root, 0);
             read = sum(read, sizes[static_cast<std::size_t>(root)]);
+            ++stored;
         }
         if (read / maxMultiplication > stored)
             refuse("The references of the archive lead to more than can be read.");
@@ -134,7 +135,7 @@ private:
     cls_MemoryStore const & store;
     Vector<std::uint64_t> sizes; ///< objects and attributes that are read with an object, itself counted
     Vector<int> heights;         ///< objects one in the other, itself counted; 0 before it is measured
-    std::uint64_t stored = 0;    ///< objects and attributes
+    std::uint64_t stored = 0;    ///< objects, attributes and roots
 };
 
 class cls_MemoryStore::Output {
