@@ -2,13 +2,14 @@
 #define g3d_Point_h
 
 #include "QVRShpCore_Export.h"
+#include "mem_AllocationOperators.h"
 
 class cls_ClassRegistrar;
 class cls_ReadVisitor;
 class cls_WriteVisitor;
 
 /// A position: four floats x, y, z, w, where w is 1.
-class QVRSHPCORE_API g3d_Point {
+class QVRSHPCORE_API g3d_Point : public mem_AllocationOperators {
 public:
     constexpr g3d_Point() = default; ///< (0, 0, 0, 1)
     constexpr g3d_Point(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}

@@ -2,6 +2,7 @@
 #define g3d_Vector_h
 
 #include "QVRShpCore_Export.h"
+#include "mem_AllocationOperators.h"
 
 #include <cmath>
 
@@ -10,7 +11,7 @@ class cls_ReadVisitor;
 class cls_WriteVisitor;
 
 /// A direction: three floats x, y, z.
-class QVRSHPCORE_API g3d_Vector {
+class QVRSHPCORE_API g3d_Vector : public mem_AllocationOperators {
 public:
     constexpr g3d_Vector() = default; ///< (0, 0, 0)
     constexpr g3d_Vector(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}

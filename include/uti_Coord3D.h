@@ -2,13 +2,14 @@
 #define uti_Coord3D_h
 
 #include "QVRShpCore_Export.h"
+#include "mem_AllocationOperators.h"
 
 class cls_ClassRegistrar;
 class cls_ReadVisitor;
 class cls_WriteVisitor;
 
 /// Three floats x, y, z.
-class QVRSHPCORE_API uti_Coord3D final {
+class QVRSHPCORE_API uti_Coord3D final : public mem_AllocationOperators {
 public:
     constexpr uti_Coord3D() = default; ///< (0, 0, 0)
     constexpr uti_Coord3D(float x, float y, float z) : coords{x, y, z} {}

@@ -1,6 +1,7 @@
 #ifndef uti_CoordCont3D_h
 #define uti_CoordCont3D_h
 
+#include "mem_AllocationOperators.h"
 #include "mem_Allocator.h"
 #include "uti_Coord3D.h"
 
@@ -9,7 +10,7 @@
 
 /// A growing array of coordinates, indexed from 0. Entries that do not exist, before the start or past the end, read as
 /// (0, 0, 0).
-class QVRSHPCORE_API uti_CoordCont3D {
+class QVRSHPCORE_API uti_CoordCont3D : public mem_AllocationOperators {
 public:
     uti_CoordCont3D() = default; ///< no entry
     explicit uti_CoordCont3D(cls_ReadVisitor const & reader);
