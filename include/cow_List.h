@@ -5,7 +5,10 @@
 #include "cow_Counter.h"
 #include "cow_ListBlock.h"
 #include "cow_String.h"
+#include "g3d_Point.h"
+#include "g3d_Vector.h"
 #include "mem_Alloc.h"
+#include "uti_Coord3D.h"
 
 #include <algorithm>
 #include <bit>
@@ -616,10 +619,6 @@ template <class T> void cow_List<T>::Addition::undo() noexcept {
         if (Range const live = list.liveElements(b); live.first >= live.end)
             list.releaseBlock(b);
 }
-
-class QVRSHPCORE_API g3d_Point;
-class QVRSHPCORE_API g3d_Vector;
-class QVRSHPCORE_API uti_Coord3D;
 
 extern template class cow_List<unsigned int>;
 extern template class cow_List<float>;

@@ -2,14 +2,20 @@
 #define g3d_Vector_h
 
 #include "QVRShpCore_Export.h"
+#include "mem_AllocationOperators.h"
 
 #include <cmath>
 
+class cls_ClassRegistrar;
+class cls_ReadVisitor;
+class cls_WriteVisitor;
+
 /// A direction: three floats x, y, z.
-class QVRSHPCORE_API g3d_Vector {
+class QVRSHPCORE_API g3d_Vector : public mem_AllocationOperators {
 public:
     constexpr g3d_Vector() = default; ///< (0, 0, 0)
     constexpr g3d_Vector(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}
+    explicit g3d_Vector(cls_ReadVisitor const & reader);
 
     constexpr float X() const { return x; }
     constexpr float Y() const { return y; }
@@ -38,6 +44,11 @@ public:
         y = static_cast<float>(dy / length);
         z = static_cast<float>(dz / length);
     }
+
+    static unsigned int TypeId();
+    unsigned int DynTypeId() const { return TypeId(); }
+    void DBWrite(cls_WriteVisitor const & writer) const;
+    static void InitializeMetadata(cls_ClassRegistrar & registrar);
 
 private:
     float x = 0, y = 0, z = 0;

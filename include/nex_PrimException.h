@@ -9,8 +9,9 @@ template <class Text, int code> class QVRSHPCORE_API nex_PrimException : public 
 public:
     /// `text` is encoded as `mode` says.
     explicit nex_PrimException(Text const & text, QVRBasStringMode mode = QVRBasStringMode())
-        : nex_CommandException(code), message(QVRBasAtrStringMode::ModalToUTF8(text, mode)) {}
+        : message(QVRBasAtrStringMode::ModalToUTF8(text, mode)) {}
 
+    int GetCode() const override { return code; }
     atr_String JournalMessage(QVRBasStringMode mode) const override {
         return QVRBasAtrStringMode::Utf8ToModal(message, mode);
     }

@@ -5,11 +5,10 @@
 #include "QVRShpCore_Export.h"
 #include "atr_String.h"
 #include "cow_String.h"
+#include "odiC_VariableSelection.h"
 #include "res_ComplexDisplayEnm.h"
 #include "res_DataTypeEnm.h"
 #include "res_OutputPositionEnm.h"
-
-class QVRSHPCORE_API odiC_VariableSelection;
 
 /// What the descriptions of results share: texts for the user, the questions that a result's label answers, and the
 /// rotations of connectors.

@@ -28,6 +28,11 @@ public:
         if (!SetValue(other.GetString().CStr()))
             refuse(other);
     }
+    /// Reads a value that was stored by its name, of this enumeration or of another.
+    explicit omu_PrimEnum(cls_ReadVisitor const & reader) : omu_PrimEnumBase(reader) {
+        if (!SetValue(name.CStr()))
+            refuseStoredName();
+    }
 
     omu_Primitive * Copy() const override { return new omu_PrimEnum(*this); }
     bool SetValue(char const * text) override { return take(rowOf(rows(), text)); }

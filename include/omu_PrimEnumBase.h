@@ -24,6 +24,11 @@ public:
     bool operator==(omu_Primitive const & other) const override;
     bool operator==(omu_PrimEnumBase const & other) const;
 
+    static unsigned int TypeId() { return cls_ClassNumber_omu_PrimEnumBase; }
+    /// The same for all enumerations: what is stored is the name alone.
+    unsigned int DynTypeId() const override;
+    void DBWrite(cls_WriteVisitor const & writer) const override;
+
     /// Takes the value with this exact name; false, and no change, when the enumeration has none.
     virtual bool SetValue(char const * text) = 0;
     /// Every name with its value, inserted in the order of the table.
@@ -36,6 +41,7 @@ public:
 
 protected:
     omu_PrimEnumBase() = default;
+    explicit omu_PrimEnumBase(cls_ReadVisitor const & reader);
     omu_PrimEnumBase(omu_PrimEnumBase const &) = default;
     omu_PrimEnumBase & operator=(omu_PrimEnumBase const &) = default;
 
@@ -48,6 +54,7 @@ protected:
     [[noreturn]] void refuse(int value) const;
     [[noreturn]] void refuse(cow_String const & text) const;
     [[noreturn]] static void refuse(omu_PrimEnumBase const & other);
+    [[noreturn]] void refuseStoredName() const;
 
     cow_String name;
 };

@@ -12,8 +12,13 @@ public:
     /// The number of elements.
     virtual int Length() const = 0;
 
+    static unsigned int TypeId() { return cls_ClassNumber_omu_PrimSequence; }
+    unsigned int DynTypeId() const override;
+    void DBWrite(cls_WriteVisitor const & writer) const override;
+
 protected:
     omu_PrimSequence() = default;
+    explicit omu_PrimSequence(cls_ReadVisitor const & reader);
     omu_PrimSequence(omu_PrimSequence const &) = default;
     omu_PrimSequence & operator=(omu_PrimSequence const &) = default;
 };

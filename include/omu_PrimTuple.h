@@ -25,6 +25,11 @@ public:
     omu_PrimTuple(int length, char bracket);
     /// A deep copy, which is read from its first element on.
     omu_PrimTuple(omu_PrimTuple const & other);
+    /// Reads a tuple that DBWrite has stored; what the archive does not have is an empty one with round brackets. Of an
+    /// enumeration's value among the elements the archive has the name, not the type: it comes back as a primitive that
+    /// equals the one that was stored, and that omu_PrimEnum takes over. Raises nex_PrimException<atr_String, 1> for an
+    /// element of a kind that tuples do not have.
+    explicit omu_PrimTuple(cls_ReadVisitor const & reader);
     omu_PrimTuple & operator=(omu_PrimTuple const & other);
     ~omu_PrimTuple() override;
 
@@ -38,6 +43,12 @@ public:
     bool operator==(omu_Primitive const & other) const override;
     bool operator==(omu_PrimTuple const & other) const;
     omu_Primitive * Copy() const override;
+
+    static unsigned int TypeId() { return cls_ClassNumber_omu_PrimTuple; }
+    unsigned int DynTypeId() const override;
+    /// Stores the elements, not how far they have been read. Raises nex_PrimException<atr_String, 1> for an element
+    /// that is neither a tuple nor an enumeration's value but some other primitive.
+    void DBWrite(cls_WriteVisitor const & writer) const override;
 
     /// The number of elements that have been put.
     int Length() const override;
@@ -105,6 +116,8 @@ private:
         std::variant<bool, int, unsigned int, double, cow_String, Nested, cow_List<cow_String>, cow_List<float>>;
 
     static cow_String typeOf(Element const & element);
+    void writeElement(cls_WriteVisitor const & writer, Element const & element) const;
+    void readElement(cls_ReadVisitor const & reader);
     static void appendRepr(cow_String & text, Element const & element);
     [[noreturn]] void raiseMismatch(char const * wanted) const;
     Element const * next() const;

@@ -2,12 +2,15 @@
 #define omu_Primitive_h
 
 #include "QVRShpCore_Export.h"
+#include "cls_ClassNumbers.h"
 #include "cow_ArrayCOW.h"
 #include "cow_ListIter.h"
 #include "cow_String.h"
 #include "cow_Virtual.h"
 #include "mem_AllocationOperators.h"
 
+class cls_ReadVisitor;
+class cls_WriteVisitor;
 class omu_PrimVisitor;
 
 /// Root of the values that travel between the library and the scripting layer.
@@ -28,8 +31,16 @@ public:
     /// A deep copy under the object's own type. The caller owns it.
     virtual omu_Primitive * Copy() const = 0;
 
+    static unsigned int TypeId() { return cls_ClassNumber_omu_Primitive; }
+    /// The class number under which DBWrite stores the value. Primitives have no identity: each is stored wherever it
+    /// is met.
+    virtual unsigned int DynTypeId() const;
+    /// Here: no attribute. A class that adds something writes it after this part.
+    virtual void DBWrite(cls_WriteVisitor const & writer) const;
+
 protected:
     omu_Primitive() = default;
+    explicit omu_Primitive(cls_ReadVisitor const & reader);
     omu_Primitive(omu_Primitive const &) = default;
     omu_Primitive & operator=(omu_Primitive const &) = default;
 };

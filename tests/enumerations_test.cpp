@@ -1,9 +1,11 @@
-// The result enumerations as primitives, and the codes under which output databases store two of them.
+// The enumerations of results and of rigid surfaces as primitives, and the codes under which output databases store two
+// of them.
 
 #include "nex_CmdException.h"
 #include "odiC_Conversions.h"
 #include "omu_PrimTuple.h"
 #include "res_PrimEnums.h"
+#include "shp_PrimEnums.h"
 
 #include <gtest/gtest.h>
 
@@ -31,7 +33,9 @@ template <class E> class Enumeration : public testing::Test {};
 using AllEnumerations =
     testing::Types<res_OutputPositionEnm, res_DataTypeEnm, res_MatrixTypeEnm, res_CoordSystemEnm, res_ComponentEnm,
                    res_InvariantEnm, res_FieldCompletenessEnm, res_ClampTypeEnm, res_StorageTypeEnm, res_LoadBCTypeEnm,
-                   res_LoadDescriptorEnm, res_PairEnm, res_ComplexDisplayEnm, res_SectionResultsEnm>;
+                   res_LoadDescriptorEnm, res_PairEnm, res_ComplexDisplayEnm, res_SectionResultsEnm,
+                   shp_AnalyticSurfaceSegment::TypeEnm, shp_AnalyticSurface::TypeEnm, shp_AnalyticRigidSurfEnm,
+                   shp_SuppDataPairEnm>;
 TYPED_TEST_SUITE(Enumeration, AllEnumerations);
 
 // Every row is found by its value and by its name, each is in the map, and no two rows share either. Every other value
@@ -98,6 +102,8 @@ TEST(Enumerations, OddRowsStand) {
     EXPECT_TRUE(Position::Name(5) == cow_String("ELEMENT_FACE_INTEGRATION_POINT") && Position::Value(13) == 10);
     EXPECT_EQ((omu_PrimEnum<res_LoadDescriptorEnm, 1>(cow_String("BODY FLUX"))).value, 16);
     EXPECT_STREQ((omu_PrimEnum<res_InvariantEnm, 1>::Name(5)), "OUT-OF-PLANE_PRINCIPAL");
+    EXPECT_STREQ((omu_PrimEnum<shp_SuppDataPairEnm, 1>::Name(2)), "Circl");
+    EXPECT_STREQ((omu_PrimEnum<shp_AnalyticRigidSurfEnm, 1>::Name(3)), "Revolut");
 }
 
 /// How the values -1 to 18 are stored, and as what a database gives them back.

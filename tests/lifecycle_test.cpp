@@ -2,6 +2,8 @@
 
 #include "QVRShpCore_Module.h"
 #include "catalogued_shapes.h"
+#include "cls_MetadataRegistrar.h"
+#include "typ_ArchCompTable.h"
 
 #include <gtest/gtest.h>
 
@@ -52,7 +54,23 @@ protected:
     void SetUp() override { expectLoaded(); }
     void TearDown() override { expectLoaded(); }
 
+    /// The registrations come with the load, and stay as they are through stops and further starts.
+    static void expectRegistered() {
+        EXPECT_EQ(typ_ArchCompTable::NumEntries(), 2u);
+        EXPECT_EQ(typ_ArchCompTable::Find(676).NumRows(), 2u);
+        EXPECT_EQ(typ_ArchCompTable::Find(831).NumRows(), 13u);
+        auto const & classes = omi_Singleton<cls_MetadataRegistrar>::Instance();
+        for (char const * name : {"odiC_Exception", "shp_AnalyticRigidSurfaceData", "shp_SuppDataPair",
+                                  "shp_AnalyticSurface", "shp_AnalyticSurfaceSegment"}) {
+            int times = 0;
+            for (int i = 0; i < classes.Length(); ++i)
+                times += classes[i].Name() == name;
+            EXPECT_EQ(times, 1) << name;
+        }
+    }
+
     static void expectLoaded() {
+        expectRegistered();
         expectCounts(1, 1);
         EXPECT_EQ(QVRShpCore_counters().loadLevel, fullStart);
         EXPECT_EQ(QVRShpCore_counters().cEntryLevel, 0);

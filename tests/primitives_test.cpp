@@ -1,8 +1,12 @@
 // Packing and unpacking: tuples with elements of every kind, bit vectors as text, and messages with values put in.
 
 #include "atr.h"
+#include "cls_MemoryStore.h"
+#include "cls_ReadVisitor.h"
+#include "cls_WriteVisitor.h"
 #include "cow_List.h"
 #include "memory_refusals.h"
+#include "nex_CmdException.h"
 #include "nex_PrimException.h"
 #include "omi_BlkBitVect.h"
 #include "omu_PrimTuple.h"
@@ -300,6 +304,68 @@ TEST(Tuple, RefusedMemoryLosesNothing) {
               10);
     EXPECT_EQ(Counted::alive, 0);
     EXPECT_TRUE(target == pair("name", 0));
+}
+
+template <class Primitive> Primitive storedAndRead(omu_Primitive const & primitive) {
+    cls_MemoryStore store;
+    primitive.DBWrite(cls_WriteVisitor(store));
+    EXPECT_EQ(store[0].classNumber, primitive.DynTypeId());
+    cls_MemoryStore::ByteArray const bytes = store.Bytes();
+    cls_MemoryStore const kept(bytes.data(), bytes.size());
+    return Primitive(cls_ReadVisitor(kept));
+}
+
+// Every element of every kind, nested, with the limits of the numbers.
+TEST(Tuple, ComesBackFromAnArchive) {
+    using Limits = std::numeric_limits<double>;
+    omu_PrimTuple tuple('[');
+    for (Writer const & writer : writers)
+        writer.put(tuple);
+    for (int const number : {INT_MIN, INT_MAX}) {
+        tuple.Put(number);
+        tuple.Put(static_cast<unsigned int>(number));
+    }
+    for (double const number : {-0.0, Limits::denorm_min(), Limits::infinity(), 0.1})
+        tuple.Put(number);
+    tuple.Put(cow_List<float>(-0.0f, std::numeric_limits<float>::denorm_min(), 0.1f));
+    tuple.Put(omu_PrimTuple(tuple));
+    tuple.Put(omu_PrimTuple('('));
+    bool first = false;
+    tuple.Get(first);
+    omu_PrimTuple read = storedAndRead<omu_PrimTuple>(tuple);
+    EXPECT_TRUE(read == tuple);
+    EXPECT_TRUE(read.AsRepr() == tuple.AsRepr()) << "the bracket and the sign of zero, too";
+    read.Get(first);
+    EXPECT_TRUE(first) << "read from its first element on";
+    EXPECT_TRUE(storedAndRead<omu_PrimTuple>(read) == tuple);
+
+    tuple.Put(new Counted);
+    cls_MemoryStore store;
+    EXPECT_EQ(messageOf([&] { tuple.DBWrite(cls_WriteVisitor(store)); }),
+              "Tuple of 24 elements: element 24 (counted) cannot be stored");
+}
+
+TEST(Enumeration, ComesBackFromAnArchiveByItsName) {
+    using Pair = omu_PrimEnum<res_PairEnm, 1>;
+    using Load = omu_PrimEnum<res_LoadDescriptorEnm, 1>;
+    EXPECT_EQ(storedAndRead<Load>(Load(res_LoadDescriptor_PRESSURE_PENETRATION)).value,
+              res_LoadDescriptor_PRESSURE_PENETRATION);
+    EXPECT_EQ(storedAndRead<Pair>(Load(res_LoadDescriptor_NONE)).value, res_Pair_NONE) << "both have this name";
+    try {
+        storedAndRead<Pair>(Load(res_LoadDescriptor_GRAVITY));
+        ADD_FAILURE() << "a name of another enumeration was read";
+    } catch (nex_CmdException<atr_String, 2> const & raised) {
+        std::string const permissible = Pair(res_Pair_NONE).PermissibleValuesAsString().CStr();
+        EXPECT_EQ(raised.DeveloperReport(0).CStr(),
+                  "omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: GRAVITY  Permissible: " + permissible +
+                      " (QVRKelOvantaUtilities/ProtectedInterfaces/omu_PrimEnum:117)");
+    }
+    omu_PrimTuple tuple('(');
+    tuple.Put(new Load(res_LoadDescriptor_NONE));
+    omu_Primitive * element = nullptr;
+    storedAndRead<omu_PrimTuple>(tuple).Get(element);
+    std::unique_ptr<omu_Primitive> const owner(element);
+    EXPECT_EQ(Pair(dynamic_cast<omu_PrimEnumBase &>(*element)).value, res_Pair_NONE);
 }
 
 TEST(Primitive, AcceptShowsItselfToTheVisitor) {

@@ -1,12 +1,16 @@
 #include "omu_PrimEnumBase.h"
 
 #include "atr.h"
+#include "cls_ReadVisitor.h"
+#include "cls_WriteVisitor.h"
 #include "cow_ConstMapIterator.h"
 #include "nex_CmdException.h"
 
 #include <cstring>
 
 namespace {
+
+constexpr cls_FieldHandle nameField("name", 0);
 
 [[noreturn]] void raise(atr_String const & message, int line) {
     nex_CmdException<atr_String, 2>(message).Throw("QVRKelOvantaUtilities/ProtectedInterfaces/omu_PrimEnum", line);
@@ -15,6 +19,22 @@ namespace {
 } // namespace
 
 omu_PrimEnumBase::~omu_PrimEnumBase() = default;
+
+omu_PrimEnumBase::omu_PrimEnumBase(cls_ReadVisitor const & reader)
+    : omu_Primitive(cls_ReadVisitor(reader, omu_Primitive::TypeId())) {
+    reader.StartRead(TypeId());
+    reader.Read(name, nameField, cow_String());
+}
+
+unsigned int omu_PrimEnumBase::DynTypeId() const {
+    return TypeId();
+}
+
+void omu_PrimEnumBase::DBWrite(cls_WriteVisitor const & writer) const {
+    writer.StartWrite(TypeId(), cls_Uid());
+    omu_Primitive::DBWrite(cls_WriteVisitor(writer, omu_Primitive::TypeId()));
+    writer.Write(nameField, name);
+}
 
 cow_String omu_PrimEnumBase::TypeString() const {
     return "enumeration";
@@ -87,4 +107,10 @@ void omu_PrimEnumBase::refuse(cow_String const & text) const {
     raise(atr<cow_String, cow_String>("omu_PrimEnum(const cow_String&) - str not allowed: %s  Permissible: %s", text,
                                       PermissibleValuesAsString(), QVRBasStringMode()),
           103);
+}
+
+void omu_PrimEnumBase::refuseStoredName() const {
+    raise(atr<cow_String, cow_String>("omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: %s  Permissible: %s",
+                                      name, PermissibleValuesAsString(), QVRBasStringMode()),
+          117);
 }

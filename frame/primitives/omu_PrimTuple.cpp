@@ -1,7 +1,11 @@
 #include "omu_PrimTuple.h"
 
 #include "atr.h"
+#include "cls_ReadVisitor.h"
+#include "cls_WriteRequestListObj.h"
+#include "cls_WriteVisitor.h"
 #include "nex_PrimException.h"
+#include "omu_PrimEnumBase.h"
 
 #include <charconv>
 #include <cmath>
@@ -66,6 +70,41 @@ template <class Item, class Write> void appendList(cow_String & text, cow_List<I
     appendChar(text, ']');
 }
 
+constexpr cls_FieldHandle bracketField("bracket", 0);
+constexpr cls_FieldHandle elementsField("elements", 1);
+
+// An element is stored as an object without a class of its own, of these two attributes.
+constexpr cls_FieldHandle kindField("kind", 0); ///< one of the names above
+constexpr cls_FieldHandle valueField("value", 1);
+
+/// An enumeration's value that was stored as the element of a tuple: its name, of whatever enumeration.
+class NamedValue : public omu_PrimEnumBase {
+public:
+    explicit NamedValue(cls_ReadVisitor const & reader) : omu_PrimEnumBase(reader) {}
+
+    omu_Primitive * Copy() const override { return new NamedValue(*this); }
+    bool SetValue(char const * text) override { return name == text; }
+    cow_Map<cow_String, unsigned int> PermissibleValues() const override { return {}; }
+};
+
+/// A list is stored as a tuple of its items.
+template <class Stored, class Item> omu_PrimTuple tupleOf(cow_List<Item> const & list) {
+    omu_PrimTuple items(list.Length(), '[');
+    for (int i = 0; i < list.Length(); ++i)
+        items.Put(Stored(list.ConstGet(i)));
+    return items;
+}
+
+template <class Stored, class Item> cow_List<Item> listOf(omu_PrimTuple items) {
+    cow_List<Item> list;
+    for (int i = 0; i < items.Length(); ++i) {
+        Stored item{};
+        items.Get(item);
+        list.Append(static_cast<Item>(item));
+    }
+    return list;
+}
+
 [[noreturn]] void raise(atr_String const & message, int line) {
     nex_PrimException<atr_String, 1>(message).Throw("frame/primitives/omu_PrimTuple", line);
 }
@@ -125,6 +164,90 @@ bool omu_PrimTuple::operator==(omu_PrimTuple const & other) const {
 
 omu_Primitive * omu_PrimTuple::Copy() const {
     return new omu_PrimTuple(*this);
+}
+
+omu_PrimTuple::omu_PrimTuple(cls_ReadVisitor const & reader)
+    : omu_PrimSequence(cls_ReadVisitor(reader, omu_PrimSequence::TypeId())),
+      opening(*reader.Read(bracketField, cow_String("(")).CStr()) {
+    reader.StartRead(TypeId());
+    cls_ReadVisitor const list(reader, elementsField);
+    list.StartRead(cls_ClassNumber_LIST);
+    int const count = list.NumElements();
+    for (int i = 0; i < count; ++i)
+        readElement(list.Element(i));
+}
+
+unsigned int omu_PrimTuple::DynTypeId() const {
+    return TypeId();
+}
+
+void omu_PrimTuple::DBWrite(cls_WriteVisitor const & writer) const {
+    writer.StartWrite(TypeId(), cls_Uid());
+    omu_PrimSequence::DBWrite(cls_WriteVisitor(writer, omu_PrimSequence::TypeId()));
+    writer.Write(bracketField, cow_String(&opening, 1));
+    cls_WriteVisitor const list(writer, elementsField);
+    list.StartWrite(cls_ClassNumber_LIST, cls_Uid());
+    list.CheckCollectionType(1);
+    for (Element const & element : elements) {
+        cls_WriteRequestListObj const request(list);
+        writeElement(cls_WriteVisitor(request), element);
+    }
+}
+
+void omu_PrimTuple::writeElement(cls_WriteVisitor const & writer, Element const & element) const {
+    if (auto const * const nested = std::get_if<Nested>(&element)) {
+        unsigned int const number = (**nested).DynTypeId();
+        if (number != omu_PrimTuple::TypeId() && number != omu_PrimEnumBase::TypeId())
+            raise(atr<int, int, cow_String>("Tuple of %d elements: element %d (%s) cannot be stored", Length(),
+                                            static_cast<int>(&element - elements.data()) + 1, typeOf(element),
+                                            QVRBasStringMode()),
+                  __LINE__);
+        return (**nested).DBWrite(writer);
+    }
+    writer.StartWrite(omu_Primitive::TypeId(), cls_Uid());
+    writer.Write(kindField, typeOf(element));
+    struct {
+        cls_WriteVisitor const & writer;
+        void operator()(bool flag) const { writer.Write(valueField, int{flag}); }
+        void operator()(int number) const { writer.Write(valueField, number); }
+        void operator()(unsigned int number) const { writer.Write(valueField, static_cast<int>(number)); }
+        void operator()(double number) const { writer.Write(valueField, number); }
+        void operator()(cow_String const & text) const { writer.Write(valueField, text); }
+        void operator()(Nested const &) const {}
+        void operator()(cow_List<cow_String> const & texts) const { write(tupleOf<cow_String>(texts)); }
+        void operator()(cow_List<float> const & numbers) const { write(tupleOf<double>(numbers)); }
+        void write(omu_PrimTuple const & items) const { items.DBWrite(cls_WriteVisitor(writer, valueField)); }
+    } const write{writer};
+    std::visit(write, element);
+}
+
+/// Adds the element on which `reader` stands.
+void omu_PrimTuple::readElement(cls_ReadVisitor const & reader) {
+    if (reader.GetTypeNumber() == omu_PrimTuple::TypeId())
+        return Put(new omu_PrimTuple(reader));
+    if (reader.GetTypeNumber() == omu_PrimEnumBase::TypeId())
+        return Put(new NamedValue(reader));
+    reader.StartRead(omu_Primitive::TypeId());
+    cow_String const kind = reader.Read(kindField, cow_String());
+    auto const items = [&] { return omu_PrimTuple(cls_ReadVisitor(reader, valueField)); };
+    if (kind == booleanName)
+        Put(reader.Read(valueField, 0) != 0);
+    else if (kind == integerName)
+        Put(reader.Read(valueField, 0));
+    else if (kind == unsignedName)
+        Put(static_cast<unsigned int>(reader.Read(valueField, 0)));
+    else if (kind == realName)
+        Put(reader.Read(valueField, 0.0));
+    else if (kind == textName)
+        Put(reader.Read(valueField, cow_String()));
+    else if (kind == textListName)
+        Put(listOf<cow_String, cow_String>(items()));
+    else if (kind == numberListName)
+        Put(listOf<double, float>(items()));
+    else
+        raise(atr<int, cow_String>("Tuple: stored element %d is of an unknown type '%s'", Length() + 1, kind,
+                                   QVRBasStringMode()),
+              __LINE__);
 }
 
 int omu_PrimTuple::Length() const {

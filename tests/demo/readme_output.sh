@@ -2,7 +2,8 @@
 # the program's name. A line "..." there stands for one line or more.
 program=$1
 readme=$2
-"$program" >readme_output.out || exit 1
+printed=$(basename "$program").out
+"$program" >"$printed" || exit 1
 awk -v name="$(basename "$program")" '
     FNR == NR { printed[++count] = $0; next }
     !found { found = index($0, name) > 0; next }
@@ -18,4 +19,4 @@ awk -v name="$(basename "$program")" '
         if (failed) exit 1
         if (!isClosed) { print "the README has no such block"; exit 1 }
         if (!isOpen && line != count) { print "not shown: " printed[line + 1]; exit 1 }
-    }' readme_output.out "$readme"
+    }' "$printed" "$readme"

@@ -6,6 +6,7 @@ struct load_unload_Report {
     int counters[6]; ///< as in QVRShpCore_Counters, in its order
     int numShapes;   ///< how many of the client's labels have a shape
     int firstShapeRef;
+    int numPersistent; ///< how many of the library's persistent classes are registered
 };
 
 extern "C" {

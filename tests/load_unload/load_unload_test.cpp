@@ -85,6 +85,7 @@ TEST(LoadUnload, EveryLoadBeneathAClientStartsAfresh) {
         ASSERT_TRUE(std::equal(std::begin(freshCounters), std::end(freshCounters), report.counters));
         ASSERT_EQ(report.numShapes, 7);
         ASSERT_EQ(report.firstShapeRef, 0);
+        ASSERT_EQ(report.numPersistent, 5);
         ASSERT_EQ(dlclose(handle), 0);
         ASSERT_FALSE(isLoaded(clientPath));
         ASSERT_FALSE(isLoaded(libraryPath)) << "something keeps the library resident";
