@@ -80,6 +80,8 @@ std::string describe(shp_Topology const & shape) {
     for (ElementFlag const & flag : elementFlags().first(numPicturedFlags))
         if (flag.holds(shape) && !shape.isCaxaElement)
             text += std::string(", ") + flag.text;
+    if (shape.isLayeredSolid)
+        text += std::string(" stacked along ") + coordinateName(shape.options.Mode() - 1);
     return text;
 }
 

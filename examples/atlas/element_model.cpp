@@ -44,7 +44,8 @@ void append(std::vector<Vec3> & line, std::vector<Vec3> const & more) {
 
 class Builder {
 public:
-    explicit Builder(shp_Topology const & topology) : shape(topology), placement(topology) {}
+    explicit Builder(shp_Topology const & topology)
+        : shape(topology), placement(topology), misplaced(misplacedMidsides(topology)) {}
 
     ElementModel build() {
         placeNodesAndPoints();
@@ -100,7 +101,7 @@ private:
 
     /// An edge of a solid is straight even where its middle node is placed elsewhere.
     std::vector<Vec3> lineThrough(std::vector<int> nodes) const {
-        if (shape.numGeometryDimensions > 1 && !misplacedMidsides(shape).empty())
+        if (shape.numGeometryDimensions > 1 && !misplaced.empty())
             nodes = {nodes.front(), nodes.back()};
         std::vector<Vec3> line;
         for (std::size_t i = 0; i + 1 < nodes.size(); ++i)
@@ -136,12 +137,21 @@ private:
             }
     }
 
+    /// Where a node of a mesh would stand: a middle node on its edge, whatever its location.
+    Vec3 meshPlace(int node) const {
+        if (std::find(misplaced.begin(), misplaced.end(), node) != misplaced.end())
+            for (std::vector<int> const & edge : distinctEdges(shape))
+                if (edge.size() == 3 && edge[1] == node)
+                    return blend(placement.at(nodeIso(edge[0])), placement.at(nodeIso(edge[2])), 0.5);
+        return placement.at(nodeIso(node));
+    }
+
     Vec3 faceNormal(int face) const {
         std::vector<int> identity(static_cast<std::size_t>(shape.numNodesPerElem));
         std::iota(identity.begin(), identity.end(), 0);
         uti_CoordCont3D coords;
         for (int i = 0; i < shape.NumNodesPerFace(face); ++i) {
-            Vec3 const at = placement.at(nodeIso(shape.FaceNodeIndex(face, i)));
+            Vec3 const at = meshPlace(shape.FaceNodeIndex(face, i));
             coords.SetCoord(i, static_cast<float>(at.x), static_cast<float>(at.y), static_cast<float>(at.z));
         }
         float normal[3] = {};
@@ -243,6 +253,7 @@ private:
 
     shp_Topology const & shape;
     Placement placement;
+    std::vector<int> misplaced;
     ElementModel model;
 };
 

@@ -79,7 +79,7 @@ std::string figure(std::string const & kind, std::string const & svg, std::strin
 
 std::string nodeCaption(ElementModel const & model) {
     std::string text = "Nodes";
-    if (!model.isFlat && !model.surface.empty())
+    if (model.faces.size() > 1)
         text += "; those in outline, and dashed edges, are hidden";
     if (!model.sides.empty())
         text += model.sidesAreEdges ? ". E: edges, with their outward normals" : ". F: faces, with their normals";
@@ -134,10 +134,20 @@ std::string labelTable(PictureGroup const & group) {
     for (auto const & [flags, labels] : byFlags) {
         html += "<tr><td>";
         for (std::string const & label : labels)
-            html += "<a class=\"label\" id=\"" + label + "\" href=\"../label/" + label + ".html\">" + label + "</a> ";
+            html += "<a class=\"label\" href=\"#" + label + "\">" + label + "</a> ";
         html += "</td><td>" + flags + "</td></tr>\n";
     }
     return html + "</tbody>\n</table>\n";
+}
+
+/// The label that the address asks for, else the group's name: the style sheet shows one of them.
+std::string headline(PictureGroup const & group) {
+    std::string html = "<h1><span class=\"name\">" + group.name() + "</span>";
+    for (shp_Shape const * shape : group.shapes) {
+        std::string const label = shape->label.CStr();
+        html += "<span class=\"asked\" id=\"" + label + "\">" + label + "</span>";
+    }
+    return html + "</h1>\n";
 }
 
 std::string neighbour(PictureGroup const * group, char const * relation, char const * before, char const * after) {
@@ -153,7 +163,8 @@ std::string elementContent(shp_Shape const & shape) {
     ElementModel const model = modelOf(shape);
     std::string const name = describe(shape);
     std::string html = "<p class=\"lead\">" + name + "</p>\n" + notes(shape);
-    std::string const wide = model.isInPlanes ? " wide" : "";
+    // So many numbers that a small screen scrolls rather than shrinks them.
+    std::string const wide = model.points.size() > 27 ? " wide" : "";
     html += "<section class=\"pictures\" aria-label=\"Pictures\">\n" +
             figure("nodes" + wide, nodePicture(model, name), nodeCaption(model)) +
             figure("points" + wide, pointPicture(model, name),
@@ -174,7 +185,7 @@ std::string elementContent(shp_Shape const & shape) {
 
 std::string elementPage(PictureGroup const & group, PictureGroup const * before, PictureGroup const * after) {
     std::string const name = group.name();
-    std::string content = "<h1>" + name + "</h1>\n" + group.content;
+    std::string content = headline(group) + group.content;
     // The labels come after the pictures.
     std::string const heading = "<section>\n<h2>Counts</h2>\n";
     content.insert(content.find(heading),

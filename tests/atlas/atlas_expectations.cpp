@@ -50,6 +50,7 @@ void printShape(shp_Shape const & shape) {
                 shape.NumSpatialDimensions() == 3 ? "true" : "false");
     printTable("nodeLocations", shape.IsoNodeLocationTable(), shape.BaseNodesPerElem(), 3);
     printTable("pointLocations", shape.intPtLocationTable, shape.BaseIntPtsPerElem(), 3);
+    printTable("faceCentres", shape.faceCenterLocationTable, shape.NumFacesPerElem(), 3);
     printTable("nodeWeights", shape.nodeWeights, shape.BaseNodesPerElem(), shape.BaseIntPtsPerElem());
     printTable("faceWeights", shape.faceWeights, shape.NumFacesPerElem(), shape.BaseIntPtsPerElem());
     printList("faces", faces, [](std::vector<int> const & nodes) {

@@ -111,7 +111,7 @@ function checkPlaces(element, page) {
         assert.ok(cosine > 0.995, `axis ${"ghr"[coordinate]} points elsewhere`);
       });
     if (element.dimensions === 3 && !element.cylindrical)
-      checkHidden(element, page, map);
+      checkSolid(element, page, map);
   }
   for (let plane = 0; plane < element.pointPlanes && element.pointPlanes > 1; ++plane) {
     const badges = page.points.slice(plane * pointsPerPlane, (plane + 1) * pointsPerPlane);
@@ -119,8 +119,9 @@ function checkPlaces(element, page) {
   }
 }
 
-// A solid is convex: a node is seen when it lies on a face that looks at the eye.
-function checkHidden(element, page, map) {
+// A solid is convex: a node is seen when it lies on a face that looks at the eye. The number of a face stands at the
+// face's centre, or off it along the outward normal.
+function checkSolid(element, page, map) {
   const cross = (a, b) => [a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]];
   const minus = (a, b) => a.map((value, i) => value - b[i]);
   const eye = cross(map[0].slice(1), map[1].slice(1).map((value) => -value));
@@ -133,6 +134,14 @@ function checkHidden(element, page, map) {
     const isSeen = faces.some((face) =>
       face.looksAtEye && Math.abs(dot(face.normal, element.nodeLocations[node.number]) - face.level) < 1e-5);
     assert.equal(node.isHidden, !isSeen, `node ${node.number}`);
+  }
+  for (const side of page.sides) {
+    const centre = element.faceCentres[side.number];
+    const [x, y] = [side.x, side.y].map((value, i) => value - dot(map[i], [1, ...centre]));
+    const [outX, outY] = map.map((row) => dot(row.slice(1), faces[side.number].normal));
+    const [aside, along] = [x * outY - y * outX, x * outX + y * outY].map((way) => way / Math.hypot(outX, outY));
+    assert.ok(Math.abs(aside) < 0.5 && along > -0.5, `face ${side.number} is off its normal: ${aside}, ${along}`);
+    assert.equal(side.isHidden, !faces[side.number].looksAtEye);
   }
 }
 
@@ -190,7 +199,8 @@ test("a label that is typed is opened by Enter", async () => {
   await page.getByRole("searchbox").fill("c3d20rh");
   await page.getByRole("searchbox").press("Enter");
   await page.waitForURL("**/element/C3D20R.html#C3D20RH");
-  assert.ok(await page.locator("a:target").isVisible());
+  assert.equal(await page.getByRole("heading", { level: 1 }).innerText(), "C3D20RH");
+  assert.equal(await page.evaluate(() => scrollY), 0);
 });
 
 test("each picture, found by the label that is typed, has its numbers where the library has them", async () => {
@@ -263,6 +273,7 @@ test("without script a label leads to its page, and the switch works", async () 
   assert.equal(await first.textContent(), "1");
   await page.goto(address("label/C3D20RHT.html"));
   await page.waitForURL("**/element/C3D20R.html#C3D20RHT");
+  assert.equal(await page.getByRole("heading", { level: 1 }).innerText(), "C3D20RHT");
 });
 
 test("nothing is wider than a small screen", async () => {
