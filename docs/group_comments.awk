@@ -1,5 +1,8 @@
-# A filter for the reference pages. The headers' comments stand for all declarations below them up to the next blank line
-# or comment: this gives each declaration its own copy. What every class has is described here, once. Line numbers stay.
+# A filter for the reference pages, which puts the headers' habits into doxygen's terms and leaves line numbers alone:
+# - A comment stands for all declarations below it up to the next blank line or comment: each gets a copy.
+# - What every class has is described here, once.
+# - A `//` comment with blank lines around it begins a section of its class: its first sentence is the heading.
+# - A `///` comment with a blank line behind it, outside of classes, speaks of the whole header.
 
 # The comment of a declaration that means the same in every class; empty for all others.
 function usual(code, name, rest) {
@@ -22,6 +25,32 @@ function usual(code, name, rest) {
     return ""
 }
 
+# The heading and the text of a section, and the end of the one before it.
+function section(lines, text, heading) {
+    text = lines
+    gsub(/\n? *\/\/ /, " ", text)
+    gsub(/\n/, "", text)
+    heading = text
+    sub(/\. .*/, "", heading)
+    text = substr(text, length(heading) + 2)
+    sub(/\.$/, "", heading)
+    gsub(/[^\n]/, "", lines)
+    lines = endOfSection() "/** @name" heading "\n" text " */ /**@{*/" substr(lines, 2)
+    isInSection = 1
+    return lines
+}
+
+function endOfSection() {
+    if (!isInSection) return ""
+    isInSection = 0
+    return "/**@}*/ "
+}
+
+NR == 1 {
+    header = FILENAME
+    sub(/.*\//, "", header)
+}
+
 /^ *\/\/\// {
     if (pending == "") comment = ""
     text = $0
@@ -33,16 +62,37 @@ function usual(code, name, rest) {
     next
 }
 
+/^ *\/\/ / && depth > 0 && (isBehindBlank || plain != "") {
+    plain = plain $0 "\n"
+    isBehindBlank = 0
+    next
+}
+
 {
     code = $0
     sub(/ *\/\/.*$/, "", code)
+    isBlank = $0 ~ /^ *$/
+    isBehindBlank = isBlank || code ~ /^ *(public|private|protected):/
 
-    # Definitions of template members, and specialisations of them, are declared elsewhere.
-    if (depth == 0 && code ~ /^template .*>::/) isHidden = 1
+    if (plain != "") {
+        printf "%s", isBlank ? section(plain) : plain
+        plain = ""
+    }
+    if (isBlank && depth == 0) {
+        if (pending == "" && !isFileNamed) pending = "/** @file " header " */"
+        sub(/^\/\/\/ /, "/// @file " header " ", pending)
+        isFileNamed = 1
+    }
 
+    # Said elsewhere: template members that are defined, specialised or instantiated, and what mem_AllocationBase has.
     startDepth = depth
+    if (!isHidden && (code ~ /^(extern )?template .*>::|^extern template / || code ~ / operator (new|delete)/)) {
+        isHidden = 1
+        hiddenDepth = depth
+    }
     depth += gsub(/[{(]/, "&", code) - gsub(/[})]/, "&", code)
-    if (code ~ /^ *$/ || code ~ /^ *(public|private|protected):/ || code ~ /^#/ || depth < groupDepth) comment = ""
+    if (isBlank || isBehindBlank || code ~ /^#/ || depth < groupDepth) comment = ""
+    if (code ~ /^ *(public|private|protected):/ || code ~ /^};/) pending = endOfSection() pending
 
     # A declaration begins where the one before it has ended.
     copy = ""
@@ -56,7 +106,7 @@ function usual(code, name, rest) {
     if (isHidden) {
         gsub(/[^\n]/, "", pending)
         printf "%s\n", pending
-        isHidden = depth > 0 || code !~ /[;}]$/
+        isHidden = depth > hiddenDepth || code !~ /[;}]$/
     } else {
         printf "%s%s%s\n", pending, code ~ /= delete;/ ? "" : copy, $0
     }

@@ -9,14 +9,11 @@
 /// Class-level `operator new` and `operator delete` on one of the allocation functions. Empty; made to be derived from.
 template <void * (*Allocate)(std::size_t)> class QVRSHPCORE_API mem_AllocationBase {
 public:
-    /// From the allocation function, which raises mem_OutOfMemoryException when there is no memory; or, with a place,
-    /// at that place.
     static void * operator new(std::size_t size) { return Allocate(size); }
     static void * operator new[](std::size_t size) { return Allocate(size); }
     static void * operator new(std::size_t, void * place) noexcept { return place; }
     static void * operator new[](std::size_t, void * place) noexcept { return place; }
 
-    /// Frees what `new` gave; null and what stands at a place of its own are left alone.
     static void operator delete(void * block) noexcept { mem_Free(block); }
     static void operator delete[](void * block) noexcept { mem_Free(block); }
     static void operator delete(void *, void *) noexcept {}

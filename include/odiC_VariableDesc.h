@@ -62,7 +62,7 @@ public:
     cow_String const & VariableLabel() const { return variableLabel; }
     cow_String const & Description() const { return description; }
     res_OutputPositionEnm OutputPosition() const { return outputPosition; }
-    /// In the encoding that `mode` names.
+    /// The label of the position, in the encoding that `mode` names.
     atr_String OutputPositionLabel(QVRBasStringMode mode) const;
     /// What one value is: a scalar, a vector, a tensor.
     res_DataTypeEnm DataType() const { return dataType; }
