@@ -8,7 +8,7 @@
 function usual(code, name, rest) {
     if (code ~ /^ *(virtual |constexpr )*~/) return "Destroys the object."
     if (code ~ /operator==\(.*= default;/) return "Whether all fields are equal."
-    if (code ~ /operator=\(/) return "Assigns; the other object's value is taken over."
+    if (code ~ /operator=\(/) return "Assigns the other object's value."
     if (code ~ /^ *static unsigned int TypeId\(\)/) return "The class number under which objects of this class are stored."
     if (code ~ / unsigned int DynTypeId\(\) const/) return "The class number under which this object is stored."
     if (code ~ / void DBWrite\(cls_WriteVisitor const & writer\) const/) return "Stores the object through `writer`."
@@ -55,7 +55,6 @@ NR == 1 {
     if (pending == "") comment = ""
     text = $0
     sub(/^ *\/\/\/ ?/, "", text)
-    sub(/^- /, "\\li ", text)
     comment = comment (comment == "" ? "" : " ") text
     pending = pending $0 "\n"
     groupDepth = depth
