@@ -30,7 +30,7 @@ public:
     atr_StringBase & operator=(atr_StringBase && other) noexcept;
     ~atr_StringBase();
 
-    /// In bytes.
+    /// The length in bytes, and whether it is 0.
     int Length() const { return representation ? representation->length : constantLength(); }
     bool Empty() const { return *text == '\0'; }
     /// The zero-terminated text, never null. Valid until this text is written, assigned or destroyed.

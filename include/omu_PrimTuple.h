@@ -81,7 +81,7 @@ public:
     void Get(atr_String & text);
     /// The text stays valid until this tuple is written, assigned or destroyed.
     void Get(char const *& text);
-    /// The number that was put.
+    /// Each gives the next element, a number or flag.
     void Get(int & number);
     void Get(unsigned int & number);
     void Get(bool & flag);

@@ -298,7 +298,7 @@ public:
     /// Isoparametric locations and weights; nothing for an element in several planes. Leaves the precision at 7.
     void PrintWeights(aio_ostream & stream) const;
 
-    // The fields, complete when the constructor returns.
+    // The fields: counts. Like all below, they are complete when the constructor returns.
 
     int numGeometryDimensions = 0; ///< isoparametric coordinates in use
     int numSpatialDimensions = 0;  ///< 2 or 3
@@ -313,27 +313,30 @@ public:
     int baseNodesPerElem = 0;      ///< nodes of one plane: the number of shape functions
     int baseIntPtsPerElem = 0;     ///< integration points of one plane
 
-    /// What the key's bits say (shp_KeyBit.h, which names labels).
-    bool isAxiSymmetric = false;
-    bool isInteraction = false;
-    bool isInternal = false;
-    bool isSurface = false;
-    bool isRigid = false;
-    bool hasResults = false;
-    bool isAnalyticalRigidSurface = false;
-    bool isUnassigned73 = false;
-    bool isTwistedElement = false;
-    bool isCaxaElement = false; ///< several planes around the axis
-    bool isFluidpipeThermal = false;
-    bool isFluidpipeAnnulusThermal = false;
-    bool isContinuumShell = false;
-    bool isLayeredSolid = false; ///< stacked along g, h or r: mode 1, 2 or 3
-    bool isCohesive = false;
-    bool isGasket = false;
-    bool isCylindrical = false;
-    bool isNodalWeighted = false;
-    bool isSweepable = false;  ///< a section that is swept around an axis
-    bool isExtrudable = false; ///< a plane section that can be given a thickness
+    // The fields: flags. Most stand for a bit of the key (shp_KeyBit.h).
+
+    bool isAxiSymmetric = false;            ///< shp_keyAxisymmetric
+    bool isInteraction = false;             ///< shp_keyInteraction
+    bool isInternal = false;                ///< shp_keyInternal
+    bool isSurface = false;                 ///< shp_keySurface
+    bool isRigid = false;                   ///< shp_keyRigid
+    bool hasResults = false;                ///< not shp_keyNoResults
+    bool isAnalyticalRigidSurface = false;  ///< shp_keyARS
+    bool isUnassigned73 = false;            ///< shp_keyUnassigned73
+    bool isTwistedElement = false;          ///< shp_keyTwisted
+    bool isCaxaElement = false;             ///< several planes around the axis
+    bool isFluidpipeThermal = false;        ///< shp_keyFluidpipeThermal
+    bool isFluidpipeAnnulusThermal = false; ///< shp_keyFluidpipeAnnulusThermal
+    bool isContinuumShell = false;          ///< shp_keyContinuumShell
+    bool isLayeredSolid = false;            ///< stacked along g, h or r: mode 1, 2 or 3
+    bool isCohesive = false;                ///< shp_keyCohesive
+    bool isGasket = false;                  ///< shp_keyGasket
+    bool isCylindrical = false;             ///< shp_keyCylindrical
+    bool isNodalWeighted = false;           ///< shp_keyNodalIntegration or shp_keyCornerLumped
+    bool isSweepable = false;               ///< a section that is swept around an axis
+    bool isExtrudable = false;              ///< a plane section that can be given a thickness
+
+    // The fields: tables and functions. The class says who owns them.
 
     int interpolationOrder = 0; ///< 1, 2 or 3
     int interpolationClass = 0; ///< number of the element's kind of interpolation, 0 to 14
