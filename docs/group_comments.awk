@@ -10,7 +10,8 @@ function usual(code, name, rest) {
     if (code ~ /operator==\(.*= default;/) return "Whether all fields are equal."
     if (code ~ /operator!=\(/) return "The opposite of `==`."
     if (code ~ /operator=\(/) return "Assigns the other object's value."
-    if (code ~ /^ *static unsigned int TypeId\(\)/) return "The class number under which the class's objects are stored."
+    if (code ~ /^ *static unsigned int TypeId\(\)/)
+        return "The class number under which the class's objects are stored."
     if (code ~ / unsigned int DynTypeId\(\) const/) return "The class number under which this object is stored."
     if (code ~ / void DBWrite\(cls_WriteVisitor const & writer\) const/) return "Stores the object through `writer`."
     if (code ~ /^ *static void InitializeMetadata\(/)

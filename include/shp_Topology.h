@@ -336,7 +336,7 @@ public:
     bool isSweepable = false;               ///< a section that is swept around an axis
     bool isExtrudable = false;              ///< a plane section that can be given a thickness
 
-    // The fields: tables and functions. The class says who owns them.
+    // The fields: tables and functions. Tables are the library's where no own table is spoken of.
 
     int interpolationOrder = 0; ///< 1, 2 or 3
     int interpolationClass = 0; ///< number of the element's kind of interpolation, 0 to 14
