@@ -5,7 +5,7 @@
 
 class uti_CoordCont3D;
 
-/// Body operators: `weights[i]` becomes the share of corner node i in the element,
+/// A body operator. `weights[i]` becomes the share of corner node i in the element,
 ///
 ///     (integral of N_i dV) / (integral of dV),
 ///
