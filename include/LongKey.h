@@ -6,6 +6,7 @@
 /// A set of the bit numbers 0 to 127, held by value: the one description of an element type (see shp_KeyBit.h).
 class LongKey {
 public:
+    /// How many bit numbers there are.
     static constexpr unsigned int numBits = 128;
 
     constexpr LongKey() = default;

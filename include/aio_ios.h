@@ -29,6 +29,7 @@ protected:
     aio_ios() = default;
     ~aio_ios() = default;
 
+    /// What setf, precision and width have set.
     int currentFlags = 0;
     int currentPrecision = 6;
     int currentWidth = 0;

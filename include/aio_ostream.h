@@ -13,12 +13,14 @@ class atr_StringBase;
 /// format flags of that stream, whose error state tells how writing went.
 class QVRSHPCORE_API aio_ostream : public aio_ios {
 public:
+    /// Writes to `target`.
     explicit aio_ostream(std::ostream & target) : stream(target) {}
     aio_ostream(aio_ostream const &) = delete;
     aio_ostream & operator=(aio_ostream const &) = delete;
 
     /// Items: each is filled up to the width that was set for it. A null text is an empty one.
     aio_ostream & print(char const * text);
+    /// A decimal number, filled up to the width that was set.
     aio_ostream & print_int(int number);
     /// The shorter of fixed and scientific notation with the stream's precision, without trailing zeros.
     aio_ostream & print_double(double number);
@@ -27,8 +29,10 @@ public:
 
     /// Writes one byte as it is. It is no item: a width that was set stays for the next one.
     aio_ostream & put(char byte);
+    /// Hands what has been written to the file or device behind the stream.
     aio_ostream & flush();
 
+    /// Each is one item, written as `print` and its like write it; a manipulator is called with the stream.
     aio_ostream & operator<<(char const * text) { return print(text); }
     aio_ostream & operator<<(atr_StringBase const & text);
     aio_ostream & operator<<(int number) { return print_int(number); }
@@ -52,7 +56,7 @@ QVRSHPCORE_API aio_ostream & aio_setwidth(aio_ostream & stream, int width);
 
 /// The same as a manipulator: `stream << aio_setwidth(18) << label`.
 struct aio_widthManipulator {
-    int width;
+    int width; ///< in bytes
 };
 constexpr aio_widthManipulator aio_setwidth(int width) {
     return {width};

@@ -18,10 +18,12 @@ public:
     /// Shares the text of `other`, whichever kind of string that is.
     explicit atr_String(atr_StringBase const & other) noexcept : atr_StringBase(other) {}
 
+    /// The text of both, one behind the other.
     friend atr_String operator+(atr_String left, atr_String const & right) {
         left.Append(right);
         return left;
     }
+    /// The same with zero-terminated bytes.
     friend atr_String operator+(atr_String left, char const * right) {
         left.Append(right);
         return left;

@@ -17,6 +17,7 @@
 class QVRSHPCORE_API atr_StringBase {
 public:
     constexpr atr_StringBase() noexcept = default;
+    /// A copy of `source`.
     atr_StringBase(char const * source);
     /// The first `length` bytes of `source`, fewer when it ends before; all of it when `length` is negative.
     atr_StringBase(char const * source, int length);
@@ -29,6 +30,7 @@ public:
     atr_StringBase & operator=(atr_StringBase && other) noexcept;
     ~atr_StringBase();
 
+    /// The length in bytes, and whether it is 0.
     int Length() const { return representation ? representation->length : constantLength(); }
     bool Empty() const { return *text == '\0'; }
     /// The zero-terminated text, never null. Valid until this text is written, assigned or destroyed.
@@ -67,6 +69,7 @@ public:
     atr_StringBase & UTF8ToLocale();
     atr_StringBase & LocaleToUTF8();
 
+    /// Comparisons by bytes, as Compare.
     friend bool operator==(atr_StringBase const & left, atr_StringBase const & right) {
         return left.Compare(right) == 0;
     }

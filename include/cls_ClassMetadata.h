@@ -17,9 +17,9 @@ template <class T, class Policy> class cow_COW;
 
 /// An attribute in the description of a persistent class.
 struct cls_AttributeMetadata {
-    cow_String name;
-    int number; ///< its position among the attributes, or -1 where the class does not number them
-    cls_AttributeType type;
+    cow_String name;         ///< under which it is stored
+    int number;              ///< its position among the attributes, or -1 where the class does not number them
+    cls_AttributeType type;  ///< how it is stored
     unsigned int typeNumber; ///< class number of an embedded object or list; otherwise 1
     int flag;                ///< 1 for a list; otherwise 0
 };
@@ -47,6 +47,7 @@ public:
                                      int flag);
     cls_ClassMetadata & AddDtor(CowDestructor destructor) noexcept;
 
+    /// What the constructor took, and how many attributes were added.
     cow_String const & Name() const noexcept { return className; }
     unsigned int TypeNumber() const noexcept { return number; }
     int Version() const noexcept { return classVersion; }

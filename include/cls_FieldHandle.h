@@ -11,6 +11,7 @@ public:
     /// `name` is constant text, which the handle neither copies nor owns; it is not empty.
     constexpr cls_FieldHandle(char const * name, int number = -1) noexcept : fieldName(name), fieldNumber(number) {}
 
+    /// Name and position; the name is constant text.
     constexpr char const * Name() const noexcept { return fieldName; }
     constexpr int Number() const noexcept { return fieldNumber; }
 

@@ -28,14 +28,14 @@ class QVRSHPCORE_API cls_MemoryStore : public mem_AllocationOperators {
 public:
     /// Where an object stands in the archive. Attributes with the same index share one object.
     struct ObjectIndex {
-        int index;
+        int index; ///< from 0
         friend bool operator==(ObjectIndex, ObjectIndex) = default;
     };
 
     /// An attribute as it was written.
     struct Attribute {
         cow_String name; ///< empty for an element of a list, and for the part that an object has from its base class
-        std::variant<int, double, cow_String, ObjectIndex> value;
+        std::variant<int, double, cow_String, ObjectIndex> value; ///< a number, a text or an object
 
         /// INT, DOUBLE, STRING or OBJECT: an enumeration is stored as its name or as its number.
         cls_AttributeType Type() const noexcept;
@@ -44,11 +44,12 @@ public:
     /// An object as it was written; a list is an object with the number cls_ClassNumber_LIST, whose attributes are
     /// its elements.
     struct Object {
-        unsigned int classNumber;
-        cls_Uid uid;
+        unsigned int classNumber;                                    ///< of its class
+        cls_Uid uid;                                                 ///< its identity; null for none
         std::vector<Attribute, mem_Allocator<Attribute>> attributes; ///< in the order of writing
     };
 
+    /// The content of an archive as bytes.
     using ByteArray = std::vector<unsigned char, mem_Allocator<unsigned char>>;
 
     /// An empty archive.

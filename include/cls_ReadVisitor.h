@@ -46,10 +46,11 @@ public:
     /// Raises nex_PrimException<atr_String, 1> when there is an object and it was written under another class number.
     void StartRead(unsigned int classNumber) const;
 
+    /// The attribute of that name; `fallback` where the archive does not have it.
     int Read(cls_FieldHandle const & field, int fallback) const;
     double Read(cls_FieldHandle const & field, double fallback) const;
     cow_String Read(cls_FieldHandle const & field, cow_String const & fallback) const;
-    /// When they raise, `target` stays as it was.
+    /// The same into `target`, which stays as it was when they raise.
     void Read(cow_String & target, cls_FieldHandle const & field, cow_String const & fallback) const;
     void Read(atr_String & target, cls_FieldHandle const & field, atr_String const & fallback) const;
     /// The number of an enumeration's value.

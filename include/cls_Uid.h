@@ -20,7 +20,9 @@ public:
     /// Gives this one such an identity instead of its own, and returns it.
     cls_Uid & NewUid() noexcept { return *this = AllocateUid(); }
 
+    /// Whether both halves are 0.
     constexpr bool IsNull() const noexcept { return highHalf == 0 && lowHalf == 0; }
+    /// The two halves, as an archive keeps them.
     constexpr std::uint64_t High() const noexcept { return highHalf; }
     constexpr std::uint64_t Low() const noexcept { return lowHalf; }
 

@@ -14,6 +14,7 @@ public:
     /// `list` has started the list, and must outlive the request.
     explicit cls_WriteRequestListObj(cls_WriteVisitor const & list) noexcept : listWriter(&list) {}
 
+    /// The visitor that has started the list.
     cls_WriteVisitor const & List() const noexcept { return *listWriter; }
 
 private:

@@ -23,6 +23,7 @@ public:
         return this->referent;
     }
 
+    /// Whether there is an object, and whether there is none.
     bool HasValue() const noexcept { return this->referent != nullptr; }
     bool IsNull() const noexcept { return this->referent == nullptr; }
 };

@@ -38,6 +38,7 @@ public:
         if (!IsDone())
             ++index;
     }
+    /// Whether there is no entry to stand on: behind the last one, and before First.
     bool IsDone() const { return nodes == nullptr || nodes[index] == nullptr; }
 
     /// Key and value of the entry on which the iterator stands. There must be one (not checked).

@@ -6,9 +6,11 @@
 /// The number of sharers of something, 1 at creation. A plain number, not an atomic one.
 class QVRSHPCORE_API cow_Counter : public mem_AllocationOperatorsTiny {
 public:
+    /// One sharer more.
     void Increment() noexcept { ++count; }
-    /// True when that was the last sharer.
+    /// One sharer less. True when that was the last.
     bool Decrement() noexcept { return --count == 0; }
+    /// The number of sharers.
     int Count() const noexcept { return count; }
 
 private:

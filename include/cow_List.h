@@ -77,6 +77,7 @@ public:
     cow_List & operator=(cow_List const & other) noexcept;
     ~cow_List();
 
+    /// The number of elements, and whether it is 0.
     int Length() const noexcept { return length; }
     bool IsEmpty() const noexcept { return length == 0; }
 
@@ -113,6 +114,7 @@ public:
     void InsertIndex(int i, T const & x);
     /// Removes element `i`. The shorter side of the list is moved.
     void RemoveIndex(int i);
+    /// The same for the last element.
     void RemoveLast() { RemoveIndex(length - 1); }
     /// Removes the first element that equals `x`, if there is one.
     template <class U = T> void RemoveMember(T const & x) {
@@ -136,6 +138,7 @@ public:
 
     /// The index of the first element that equals `x`, or -1.
     template <class U = T> int FindMember(T const & x) const;
+    /// Whether some element equals `x`.
     template <class U = T> bool IsMember(T const & x) const { return FindMember(x) >= 0; }
     /// Whether both lists have equal elements in the same order. An element that both share counts as equal to itself
     /// without being asked.

@@ -9,6 +9,7 @@
 /// storage is raw: a slot may hold no live element, and the block neither builds nor destroys any.
 template <class T> class QVRSHPCORE_API cow_ListBlock : public mem_AllocationOperatorsTiny {
 public:
+    /// Storage for `size` elements, none of them alive.
     explicit cow_ListBlock(int size) : items(static_cast<T *>(mem_Malloc(sizeof(T) * static_cast<std::size_t>(size)))) {
         static_assert(alignof(T) <= alignof(std::max_align_t), "blocks are aligned for fundamental types only");
     }

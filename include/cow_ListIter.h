@@ -32,6 +32,7 @@ public:
             loadBlock();
         }
     }
+    /// Whether the iterator has passed the last element, and whether it has not.
     bool IsDone() const { return position >= endPosition; }
     bool NotDone() const { return !IsDone(); }
 

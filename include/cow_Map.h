@@ -35,6 +35,7 @@ public:
     /// True if `key` was there; it no longer is.
     bool Remove(K const & key);
 
+    /// Whether `key` is there.
     bool IsMember(K const & key) const { return find(key) != nullptr; }
     /// The value of `key`, to be read. For a key that is not there, a default-constructed value.
     template <class U = V> V const & ConstGet(K const & key) const {
@@ -50,6 +51,7 @@ public:
 
     /// The number of entries.
     int Size() const noexcept { return size; }
+    /// Whether there is none.
     bool IsEmpty() const noexcept { return root.IsNull(); }
 
 private:

@@ -17,10 +17,12 @@ public:
     /// Shares the text of `other`, whichever kind of string that is.
     explicit cow_String(atr_StringBase const & other) noexcept : atr_StringBase(other) {}
 
+    /// The text of both, one behind the other.
     friend cow_String operator+(cow_String left, cow_String const & right) {
         left.Append(right);
         return left;
     }
+    /// The same with zero-terminated bytes.
     friend cow_String operator+(cow_String left, char const * right) {
         left.Append(right);
         return left;

@@ -7,6 +7,7 @@
 /// object from `new`.
 template <class T> class QVRSHPCORE_API cow_Virtual {
 public:
+    /// A copy of the same class; the caller owns it.
     static T * Copy(T const & source) { return source.Copy(); }
 };
 

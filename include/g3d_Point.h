@@ -12,9 +12,11 @@ class cls_WriteVisitor;
 class QVRSHPCORE_API g3d_Point : public mem_AllocationOperators {
 public:
     constexpr g3d_Point() = default; ///< (0, 0, 0, 1)
+    /// (x, y, z, 1).
     constexpr g3d_Point(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}
     explicit g3d_Point(cls_ReadVisitor const & reader);
 
+    /// The components, to be read or written.
     constexpr float X() const { return x; }
     constexpr float Y() const { return y; }
     constexpr float Z() const { return z; }

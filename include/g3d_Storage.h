@@ -7,8 +7,10 @@
 class g3d_Storage {
 public:
     constexpr g3d_Storage() = default; ///< (0, 0, 0)
+    /// From its components.
     constexpr g3d_Storage(double xValue, double yValue, double zValue) : x(xValue), y(yValue), z(zValue) {}
 
+    /// The components, to be read or written.
     constexpr double X() const { return x; }
     constexpr double Y() const { return y; }
     constexpr double Z() const { return z; }
@@ -19,12 +21,14 @@ public:
     constexpr double GetY() const { return y; }
     constexpr double GetZ() const { return z; }
 
+    /// Replaces all components.
     constexpr void Set(double xValue, double yValue, double zValue) {
         x = xValue;
         y = yValue;
         z = zValue;
     }
 
+    /// Subtracts component by component.
     constexpr g3d_Storage & operator-=(g3d_Storage const & other) {
         x -= other.x;
         y -= other.y;

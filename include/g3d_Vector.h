@@ -14,9 +14,11 @@ class cls_WriteVisitor;
 class QVRSHPCORE_API g3d_Vector : public mem_AllocationOperators {
 public:
     constexpr g3d_Vector() = default; ///< (0, 0, 0)
+    /// From its components.
     constexpr g3d_Vector(float xValue, float yValue, float zValue) : x(xValue), y(yValue), z(zValue) {}
     explicit g3d_Vector(cls_ReadVisitor const & reader);
 
+    /// The components, to be read or written.
     constexpr float X() const { return x; }
     constexpr float Y() const { return y; }
     constexpr float Z() const { return z; }
@@ -27,6 +29,7 @@ public:
     constexpr float GetY() const { return y; }
     constexpr float GetZ() const { return z; }
 
+    /// Replaces all components.
     constexpr void Set(float xValue, float yValue, float zValue) {
         x = xValue;
         y = yValue;

@@ -14,6 +14,7 @@ public:
     /// The same from doubles, each narrowed to float.
     explicit constexpr g3d_XForm(double const (*rows)[4]) { copyRows(rows); }
 
+    /// Entry (i, j), to be written or read.
     constexpr float & M(int i, int j) { return m[i][j]; }
     constexpr float GetM(int i, int j) const { return m[i][j]; }
 

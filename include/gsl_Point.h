@@ -14,9 +14,11 @@ class cls_WriteVisitor;
 class QVRSHPCORE_API gsl_Point : public mem_AllocationOperators {
 public:
     constexpr gsl_Point() = default; ///< (0, 0, 0)
+    /// From its components.
     constexpr gsl_Point(double xValue, double yValue, double zValue) : x(xValue), y(yValue), z(zValue) {}
     explicit gsl_Point(cls_ReadVisitor const & reader);
 
+    /// The components.
     constexpr double GetX() const { return x; }
     constexpr double GetY() const { return y; }
     constexpr double GetZ() const { return z; }

@@ -16,7 +16,9 @@ public:
 
     /// The journal message.
     atr_String AsString(QVRBasStringMode mode) const override;
+    /// Throws a copy.
     [[noreturn]] void Propagate() const override;
+    /// A copy of the same class; the caller owns it.
     QVRBasException * Clone() const override;
     nex_Exception * Copy() const override;
 
@@ -24,9 +26,11 @@ public:
     unsigned int DynTypeId() const override;
     void DBWrite(cls_WriteVisitor const & writer) const override;
 
+    /// Replaces the traceback.
     virtual void SetTraceback(cow_String text);
     /// The traceback, open for additions.
     virtual cow_String & GetTraceback();
+    /// A copy of the traceback.
     virtual cow_String GetTracebackStr() const;
 
     /// The message as the journal records it, in the encoding that `mode` names. Empty here.

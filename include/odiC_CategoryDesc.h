@@ -52,10 +52,13 @@ public:
     cow_List<unsigned int> SectionPointIndices() const;
     cow_List<cow_String> SectionPointLabels() const;
 
+    /// The fields; the map has the index of each section point by its label.
     cow_Map<cow_String, unsigned int> const & SectionPointMap() const { return sectionPoints; }
     cow_String const & CategoryLabel() const { return categoryLabel; }
     bool AllowTopAndBottom() const { return allowTopAndBottom; }
     int DefaultSectionPoint() const { return defaultSectionPoint; }
+
+    /// Replace one field each. The default section point is not checked, but see Print.
     void SetAllowTopAndBottom(bool allow) { allowTopAndBottom = allow; }
     void SetDefaultSectionPoint(int index) { defaultSectionPoint = index; }
 
@@ -68,6 +71,7 @@ public:
     /// The packed forms of all values, in the map's iteration order, as one tuple, in which an empty set of section
     /// points is put as a null primitive. The caller owns it.
     static omu_PrimTuple * PackTupleMap(cow_Map<cow_String, odiC_CategoryDesc> const & map);
+    /// What PackTuple packed.
     static odiC_CategoryDesc UnpackTuple(omu_PrimTuple & source);
     /// The map by category label; of equal labels the last counts.
     static cow_Map<cow_String, odiC_CategoryDesc> UnpackTupleMap(omu_PrimTuple & source);

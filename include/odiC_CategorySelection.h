@@ -23,9 +23,11 @@ class QVRSHPCORE_API odiC_CategorySelection : public mem_AllocationOperators {
 public:
     /// Empty labels, a single location, and -1 for both ids.
     odiC_CategorySelection() = default;
+    /// From all fields. `showDiff`: top and bottom are chosen separately. Ids are not checked.
     odiC_CategorySelection(cow_String const & label, bool showDiff, int top, cow_String const & topLabel, int bottom,
                            cow_String const & bottomLabel);
 
+    /// The fields. ShowDiffLocations: whether top and bottom are chosen separately.
     cow_String CategoryLabel() const { return categoryLabel; }
     bool ShowDiffLocations() const { return showDiffLocations; }
     int TopSectionId() const { return topSectionId; }
@@ -47,6 +49,7 @@ public:
     /// The selection as text for a user.
     cow_String Print() const;
 
+    /// The packed form, and what it holds.
     omu_PrimTuple PackTuple() const;
     static odiC_CategorySelection UnpackTuple(omu_PrimTuple & source);
     /// Reads a tuple of packed selections into a map by category label; of equal labels the last counts.

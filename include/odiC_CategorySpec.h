@@ -26,12 +26,14 @@ public:
     void reset(int id, cow_String const & label, bool showDiff, int top, int bottom, cow_String const & topLabel,
                cow_String const & bottomLabel);
 
+    /// Whether all fields are equal, the labels included.
     bool operator==(odiC_CategorySpec const & other) const;
     bool operator!=(odiC_CategorySpec const & other) const { return !(*this == other); }
     /// The sign tells the order, which leaves out the labels, for the ids identify the section points: two specs may
     /// have the difference 0 and be unequal. Differences of ids are taken modulo 2^32.
     int operator-(odiC_CategorySpec const & other) const;
 
+    /// The fields. showDiffLocations: whether top and bottom are chosen separately.
     int categoryId() const { return m_categoryId; }
     cow_String const & categoryLabel() const { return m_categoryLabel; }
     bool showDiffLocations() const { return m_showDiffLocations; }

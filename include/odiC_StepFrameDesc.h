@@ -24,11 +24,13 @@ class QVRSHPCORE_API odiC_StepFrameDesc : public mem_AllocationOperators {
 public:
     /// Empty texts, lists and mask; the values 0, -1 and -1; domain 0; the flag false.
     odiC_StepFrameDesc() = default;
+    /// From all fields. `valuesOfFrames` stand in the order of `labelsOfFrames`; that there are as many is not checked.
     odiC_StepFrameDesc(cow_String const & label, cow_String const & description, float value1, float value2,
                        float value3, odiC_StepDomainEnm stepDomain, cow_String const & defaultFrame,
                        cow_List<cow_String> const & labelsOfFrames, cow_List<float> const & valuesOfFrames,
                        omi_BlkBitVect const & maskOfFrames, bool flag);
 
+    /// The fields as they were given; the class says who knows what they mean.
     cow_String const & StepLabel() const { return stepLabel; }
     cow_String const & StepDescription() const { return stepDescription; }
     float StepValue1() const { return stepValue1; }
@@ -40,6 +42,7 @@ public:
     /// The labels and the values of the frames, each in the frames' order.
     cow_List<cow_String> const & FrameLabels() const { return frameLabels; }
     cow_List<float> const & FrameValues() const { return frameValues; }
+    /// Another of the fields whose meaning is a matter of who writes.
     omi_BlkBitVect const & FrameMask() const { return frameMask; }
 
     /// The first position of the default frame's label among the labels of the frames; -99 when it is not there.

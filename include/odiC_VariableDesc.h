@@ -58,14 +58,17 @@ public:
     bool operator<(odiC_VariableDesc const & other) const { return compareKeys(other) < 0; }
     bool operator>(odiC_VariableDesc const & other) const { return compareKeys(other) > 0; }
 
+    /// Label and description for a user, and where the values stand.
     cow_String const & VariableLabel() const { return variableLabel; }
     cow_String const & Description() const { return description; }
     res_OutputPositionEnm OutputPosition() const { return outputPosition; }
-    /// In the encoding that `mode` names.
+    /// The label of the position, in the encoding that `mode` names.
     atr_String OutputPositionLabel(QVRBasStringMode mode) const;
+    /// What one value is: a scalar, a vector, a tensor.
     res_DataTypeEnm DataType() const { return dataType; }
     /// Stored, compared and packed; what it says is its writer's matter.
     cow_String const & DataTypeLabel() const { return dataTypeLabel; }
+    /// How the values are stored.
     res_StorageTypeEnm StorageType() const { return storageType; }
     /// Labels and ids of the invariants, and of the components, in the order that the class describes.
     cow_List<cow_String> const & InvariantLabels() const { return invariants.labels; }
@@ -74,11 +77,13 @@ public:
     cow_List<unsigned int> const & ComponentIds() const { return components.ids; }
     /// The categories by label.
     cow_Map<cow_String, odiC_CategoryDesc> const & CategoryMap() const { return categoryMap; }
+    /// Flags of the values: complex numbers, derived from other values, on surfaces.
     bool IsComplex() const { return isComplex; }
     bool IsDerived() const { return isDerived; }
+    bool IsSurfaceVariable() const { return isSurfaceVariable; }
+    /// The clamps, in the unit of the values; the extreme finite numbers when there are none.
     float MinClamp() const { return minClamp; }
     float MaxClamp() const { return maxClamp; }
-    bool IsSurfaceVariable() const { return isSurfaceVariable; }
 
     /// Adds an invariant in its place. One that has either its label or its id is replaced. When both are there
     /// already, even of different invariants, nothing changes. When memory runs out, the description stays as it was.
@@ -95,6 +100,7 @@ public:
     bool IsCategoryMapEqual(cow_Map<cow_String, odiC_CategoryDesc> const & map) const;
     /// Shares `map` as the categories.
     void SetCategoryMap(cow_Map<cow_String, odiC_CategoryDesc> const & map) { categoryMap = map; }
+    /// The new value of IsDerived, and of IsSurfaceVariable.
     void SetDerived(bool derived) { isDerived = derived; }
     void SetSurfaceVariable(bool surfaceVariable) { isSurfaceVariable = surfaceVariable; }
 

@@ -34,6 +34,7 @@ public:
     /// A null selection: no label, position 0, data type 15 (NUM_DATA_TYPE), storage type 0, no refinement, clamps at
     /// the extreme finite numbers, false flags.
     odiC_VariableSelection();
+    /// From all fields; no specs and no ply name.
     odiC_VariableSelection(cow_String const & label, res_OutputPositionEnm outputPosition, res_DataTypeEnm dataType,
                            res_StorageTypeEnm storageType, calC_VariableRefinementTypeEnm refinementType,
                            cow_String const & refinementLabel, unsigned int refinementId, bool isComplex,
@@ -62,6 +63,7 @@ public:
     bool operator<(odiC_VariableSelection const & other) const { return variableLabel < other.variableLabel; }
     bool operator>(odiC_VariableSelection const & other) const { return variableLabel > other.variableLabel; }
 
+    /// The fields, as in the odiC_VariableDesc that was chosen from, and the component or invariant that was chosen.
     cow_String const & VariableLabel() const { return variableLabel; }
     res_OutputPositionEnm OutputPosition() const { return outputPosition; }
     res_DataTypeEnm DataType() const { return dataType; }
@@ -73,7 +75,9 @@ public:
     /// `[CategorySpecCount()]`, each of which may be null; null for none. The selection stays the owner.
     odiC_CategorySpec const * const * CategorySpecs() const { return specs.categorySpecs; }
     int CategorySpecCount() const { return specs.categorySpecCount; }
+    /// The layer that the specs are for; empty for none.
     cow_String const & PlyName() const { return specs.plyName; }
+    /// The flags and clamps, as in the odiC_VariableDesc.
     bool IsComplex() const { return isComplex; }
     float MinClamp() const { return minClamp; }
     float MaxClamp() const { return maxClamp; }

@@ -10,17 +10,20 @@
 /// are clear at first.
 class QVRSHPCORE_API omi_BlkBitVect {
 public:
+    /// Bits of a block, and how many blocks there can be.
     static constexpr unsigned int bitsPerBlock = 32;
     static constexpr unsigned int mostBlocks = 1u << 27;
 
     /// The bits `number * 32` to `number * 32 + 31`, the lowest of them in the lowest bit.
     struct Block {
-        unsigned int number;
-        unsigned int bits;
+        unsigned int number; ///< from 0
+        unsigned int bits;   ///< the bits that are set
         friend bool operator==(Block const &, Block const &) = default;
     };
+    /// Blocks by ascending number.
     using Blocks = std::vector<Block, mem_Allocator<Block>>;
 
+    /// Any number is a bit.
     void SetBit(unsigned int bit);
     void ClearBit(unsigned int bit);
     bool HasBit(unsigned int bit) const;

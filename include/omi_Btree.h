@@ -10,9 +10,13 @@
 
 /// What omi_Btree::ConstGet gives for a key that is not in the tree: a null pointer, a zero value, but -1 for `int`.
 template <class V> struct omi_BtreeAbsent {
+    /// The value.
     static V value() { return V(); }
 };
+
+/// The same for `int`: -1.
 template <> struct omi_BtreeAbsent<int> {
+    /// The value.
     static int value() { return -1; }
 };
 
@@ -24,10 +28,13 @@ public:
     static constexpr int maxDepth = 24; ///< more levels than a tree can have whose entries fit the address space
 
     int count = 0; ///< entries in use
+    /// Keys ascend; entry i is keys[i] with values[i].
     K keys[maxKeys] = {};
     V values[maxKeys] = {};
+    /// All null in a leaf.
     omi_BtreeNode * children[maxKeys + 1] = {};
 
+    /// Whether no entry fits in, and whether there are no children.
     bool isFull() const { return count == maxKeys; }
     bool isLeaf() const { return children[0] == nullptr; }
 
@@ -47,6 +54,7 @@ template <class K, class V> class QVRSHPCORE_API omi_Btree {
     static_assert(std::is_nothrow_move_assignable_v<K> && std::is_nothrow_move_assignable_v<V>);
 
 public:
+    /// For iterators: what the tree is made of.
     using Node = omi_BtreeNode<K, V>;
 
     omi_Btree() = default;
@@ -61,6 +69,7 @@ public:
     /// The value of `key`; when it is absent, null for a pointer and -1 for `int`.
     V ConstGet(K const & key) const;
 
+    /// Whether `key` is there.
     bool IsMember(K const & key) const;
 
     /// Number of entries.

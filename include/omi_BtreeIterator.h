@@ -12,6 +12,7 @@
 /// The tree must outlive the iterator. After an insertion the walk begins again with First.
 template <class K, class V> class QVRSHPCORE_API omi_BtreeIterator {
 public:
+    /// Stands on no entry until First.
     explicit omi_BtreeIterator(omi_Btree<K, V> const & walkedTree) : tree(walkedTree) {}
 
     /// Goes to the smallest key; false when the tree is empty.

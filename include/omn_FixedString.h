@@ -4,8 +4,10 @@
 /// Holder of one pointer to constant text, which it neither copies nor owns: the text must outlive it.
 class omn_FixedString {
 public:
+    /// Takes the pointer alone.
     constexpr omn_FixedString(char const * constantText) : text(constantText) {}
 
+    /// The pointer.
     constexpr operator char const *() const { return text; }
 
 private:

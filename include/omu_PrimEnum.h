@@ -13,12 +13,14 @@ template <class E, int version> class QVRSHPCORE_API omu_PrimEnum : public omu_P
 public:
     omu_PrimEnum(omu_PrimEnum const &) = default;
     omu_PrimEnum & operator=(omu_PrimEnum const &) = default;
+    /// The first row with this value.
     omu_PrimEnum(E wanted) {
         if (!SetValue(wanted))
             refuse(static_cast<int>(wanted));
     }
     /// The same from the enumerator's number.
     explicit omu_PrimEnum(int number) : omu_PrimEnum(static_cast<E>(number)) {}
+    /// The row with this exact name.
     omu_PrimEnum(cow_String const & text) {
         if (!SetValue(text.CStr()))
             refuse(text);
@@ -47,7 +49,7 @@ public:
     static char const * Name(int row) { return rows()[row].name; }
     static E Value(int row) { return static_cast<E>(rows()[row].value); }
 
-    E value{};
+    E value{}; ///< not to be written: the name goes with it
 
 private:
     static omu_PrimEnumRow const * rows() { return omu_PrimEnumRows(E()); }

@@ -7,8 +7,8 @@
 /// One row of an enumeration's table: a value and the name under which users and scripts know it. A table ends with a
 /// row whose name is null.
 struct omu_PrimEnumRow {
-    int value;
-    char const * name;
+    int value;         ///< the enumerator's number
+    char const * name; ///< null behind the last row
 };
 
 /// A value of some enumeration as a primitive: what does not depend on which enumeration it is.
@@ -48,6 +48,7 @@ protected:
     /// The first row of a value or of a name; null when there is none.
     static omu_PrimEnumRow const * rowOf(omu_PrimEnumRow const * rows, int value);
     static omu_PrimEnumRow const * rowOf(omu_PrimEnumRow const * rows, char const * text);
+    /// Behind PermissibleValues.
     static cow_Map<cow_String, unsigned int> mapOf(omu_PrimEnumRow const * rows);
 
     /// Each raises nex_CmdException<atr_String, 2> for what a constructor did not accept.
@@ -56,7 +57,7 @@ protected:
     [[noreturn]] static void refuse(omu_PrimEnumBase const & other);
     [[noreturn]] void refuseStoredName() const;
 
-    cow_String name;
+    cow_String name; ///< of the value
 };
 
 #endif

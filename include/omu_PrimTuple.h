@@ -42,6 +42,7 @@ public:
     /// Whether `other` is a tuple with equal elements of the same types; its bracket does not matter.
     bool operator==(omu_Primitive const & other) const override;
     bool operator==(omu_PrimTuple const & other) const;
+    /// A deep copy; the caller owns it.
     omu_Primitive * Copy() const override;
 
     static unsigned int TypeId() { return cls_ClassNumber_omu_PrimTuple; }
@@ -70,7 +71,7 @@ public:
     /// Takes over `primitive`, which comes from `new`, even when this fails. Null adds an empty tuple.
     void Put(omu_Primitive * primitive);
     void Put(void const *) = delete; // any other pointer would be put as a bool
-    /// Adds a deep copy.
+    /// Each adds a deep copy as one element.
     void Put(omu_PrimTuple const & tuple);
     void Put(cow_List<cow_String> const & texts);
     void Put(cow_List<float> const & numbers);
@@ -80,11 +81,12 @@ public:
     void Get(atr_String & text);
     /// The text stays valid until this tuple is written, assigned or destroyed.
     void Get(char const *& text);
+    /// Each gives the next element, a number or flag.
     void Get(int & number);
     void Get(unsigned int & number);
     void Get(bool & flag);
     void Get(double & number);
-    /// Gives a deep copy of a tuple or any other primitive; the caller owns it.
+    /// Gives a deep copy of a tuple or any other primitive; the caller owns what `primitive` points to.
     void Get(omu_Primitive *& primitive);
     void Get(omu_PrimTuple & tuple);
     void Get(cow_List<cow_String> & texts);

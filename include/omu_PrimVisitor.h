@@ -10,6 +10,7 @@ class QVRSHPCORE_API omu_PrimVisitor {
 public:
     virtual ~omu_PrimVisitor();
 
+    /// What is done with `primitive`, which stays the caller's.
     virtual void Visit(omu_Primitive & primitive) = 0;
 
 protected:

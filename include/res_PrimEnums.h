@@ -20,6 +20,7 @@
 /// The result enumerations as primitives: omu_PrimEnum<res_DataTypeEnm, 1> and so on. The tables and the code are the
 /// library's own; a client makes no second set.
 
+/// The table of values and names, up to a row whose name is null. The argument only chooses among the tables.
 QVRSHPCORE_API omu_PrimEnumRow const * omu_PrimEnumRows(res_OutputPositionEnm);
 QVRSHPCORE_API omu_PrimEnumRow const * omu_PrimEnumRows(res_DataTypeEnm);
 QVRSHPCORE_API omu_PrimEnumRow const * omu_PrimEnumRows(res_MatrixTypeEnm);

@@ -48,11 +48,11 @@ public:
     /// cow_COW<shp_AnalyticRigidSurfaceData, cow_Virtual<shp_AnalyticRigidSurfaceData>>.
     static void CowDtor(cow_COW<int, cow_Direct<int>> * holder);
 
-    int meshIndex = -1;
-    int classIndex = -1;
-    int elemIndex = -1;
-    atr_String surfaceName;
-    shp_AnalyticRigidSurfEnm surfaceType;
+    int meshIndex = -1;                          ///< where the surface is attached: the mesh
+    int classIndex = -1;                         ///< the class of elements in the mesh
+    int elemIndex = -1;                          ///< the element in the class
+    atr_String surfaceName;                      ///< under which users know it
+    shp_AnalyticRigidSurfEnm surfaceType;        ///< how the profile makes the surface
     cls_xo1DArrayList<g3d_Vector> localCoordDef; ///< the vectors of the local system
     cls_xoList<shp_SuppDataPair> dataPairList;   ///< the profile
     cls_Uid uid;                                 ///< persistent identity

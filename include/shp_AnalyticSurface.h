@@ -24,6 +24,7 @@ public:
     ~shp_AnalyticSurface() = default;
     shp_AnalyticSurface & operator=(shp_AnalyticSurface const &) = default;
 
+    /// Does nothing: any surface is valid.
     void AssertValid() const {}
 
     /// Moves all points of the profile: each is widened to double, transformed and narrowed to the nearest float; its w
@@ -53,12 +54,12 @@ public:
     /// cow_COW<shp_AnalyticSurface, cow_Direct<shp_AnalyticSurface>>.
     static void CowDtor(cow_COW<int, cow_Direct<int>> * holder);
 
-    TypeEnm type = SEGMENTS;
+    TypeEnm type = SEGMENTS;                               ///< how the profile makes the surface
     double filletRadius = 0;                               ///< of the profile's corners
     cls_xo1DArrayList<shp_AnalyticSurfaceSegment> profile; ///< the chain, in order
     cls_xo1DArrayList<g3d_Point> localCoordData;           ///< the points that define the local coordinate system
-    atr_String name;
-    cls_Uid uid; ///< persistent identity
+    atr_String name;                                       ///< under which users know it
+    cls_Uid uid;                                           ///< persistent identity
 };
 
 #endif

@@ -47,6 +47,7 @@ public:
     /// users of such lists rely on that.
     bool operator==(shp_AnalyticSurfaceSegment const &) const { return true; }
     bool operator!=(shp_AnalyticSurfaceSegment const &) const { return false; }
+    /// Does nothing: any segment is valid.
     void AssertValid() const {}
 
     /// A copy. The caller owns it.
@@ -68,7 +69,7 @@ public:
     /// cow_COW<shp_AnalyticSurfaceSegment, cow_Direct<shp_AnalyticSurfaceSegment>>.
     static void CowDtor(cow_COW<int, cow_Direct<int>> * holder);
 
-    TypeEnm type = START;
+    TypeEnm type = START;              ///< what its points mean
     cls_xo1DArrayList<g3d_Point> data; ///< its points
     cls_Uid uid;                       ///< persistent identity
 };

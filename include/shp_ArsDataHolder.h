@@ -25,6 +25,7 @@ public:
     /// ends the process, one that equals the number of points included.
     g3d_Vector ConstGetLocalCoordDef(int index) const;
 
+    /// The older representation and the newer; each may be empty.
     cow_COW<shp_AnalyticRigidSurfaceData, cow_Virtual<shp_AnalyticRigidSurfaceData>> oldData;
     cow_COW<shp_AnalyticSurface, cow_Direct<shp_AnalyticSurface>> newData;
 };

@@ -5,7 +5,7 @@
 
 class uti_CoordCont3D;
 
-/// Body operators: `weights[i]` becomes the share of corner node i in the element,
+/// A body operator. `weights[i]` becomes the share of corner node i in the element,
 ///
 ///     (integral of N_i dV) / (integral of dV),
 ///
@@ -26,16 +26,17 @@ QVRSHPCORE_API void QuadAxiBodyOp(uti_CoordCont3D const & coords, float * weight
 QVRSHPCORE_API void TriBodyOp(uti_CoordCont3D const & coords, float * weights);     ///< 3 nodes, 1/3 each
 QVRSHPCORE_API void TriAxiBodyOp(uti_CoordCont3D const & coords, float * weights);  ///< 3 nodes
 
-/// 4 and 6 nodes. These two evaluate the hexahedron whose eight corners are the entries 0 to 7 of `coords` itself, not
-/// a hexahedron collapsed onto the element's nodes, and then add the corners' weights up as for the collapsed one.
-/// Entries that `coords` does not have read as (0, 0, 0). Weights on file were made so, and they stay. A caller that
-/// wants the element's own shares fills `coords` with the collapsed corners:
+/// 4 nodes. This one and the next evaluate the hexahedron whose eight corners are the entries 0 to 7 of `coords`
+/// itself, not a hexahedron collapsed onto the element's nodes, and then add the corners' weights up as for the
+/// collapsed one. Entries that `coords` does not have read as (0, 0, 0). Weights on file were made so, and they stay. A
+/// caller that wants the element's own shares fills `coords` with the collapsed corners:
 ///
 ///     TetraBodyOp  nodes 2, 3, 1, 2, 2, 4, 1, 2
 ///     PrismBodyOp  nodes 1, 2, 3, 1, 4, 5, 6, 4
 ///
-/// Both raise mem_OutOfMemoryException when memory runs out. Each call of PrismBodyOp leaves 32 bytes behind.
+/// Both raise mem_OutOfMemoryException when memory runs out.
 QVRSHPCORE_API void TetraBodyOp(uti_CoordCont3D const & coords, float * weights);
+/// 6 nodes; otherwise as TetraBodyOp. Each call leaves 32 bytes behind.
 QVRSHPCORE_API void PrismBodyOp(uti_CoordCont3D const & coords, float * weights);
 
 #endif

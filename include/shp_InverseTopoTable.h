@@ -23,20 +23,20 @@ class QVRSHPCORE_API shp_InverseTopoTable : public mem_AllocationOperators {
 public:
     /// (face, edge of the face); (6, 4) is none.
     struct EdgeUse {
-        unsigned char face;
-        unsigned char edge;
+        unsigned char face; ///< from 0
+        unsigned char edge; ///< from 0, among the edges of that face
     };
 
     /// All uses of one physical edge, in face order; {0, ...} is none. Points into other arrays of the table.
     struct EdgeUseList {
-        int count;
-        EdgeUse * uses;
+        int count;      ///< of the uses
+        EdgeUse * uses; ///< `[count]`
     };
 
     /// Two masks that belong together.
     struct MaskPair {
-        unsigned int first;
-        unsigned int second;
+        unsigned int first;  ///< what is looked for
+        unsigned int second; ///< what goes with it
     };
 
     /// An empty table: no edges, no arrays.
@@ -74,18 +74,18 @@ public:
     int nUniqueEdge = 0; ///< physical edges
     int nCorner = 0;     ///< corner nodes
 
-    int numUniqueEdgeMasks = 0;
+    int numUniqueEdgeMasks = 0; ///< rows of `UniqueEdgeMasks`
     /// [numUniqueEdgeMasks] per edge of two faces: (bits of both uses, complement of the later use's bit). Null outside
     /// three dimensions.
     MaskPair * UniqueEdgeMasks = nullptr;
-    int numNonUniqueEdgeMasks = 0;
+    int numNonUniqueEdgeMasks = 0; ///< rows of `NonUniqueEdgeMasks`
     /// [numNonUniqueEdgeMasks] per edge use: (its bit, the bit of its twin). Null outside three dimensions.
     MaskPair * NonUniqueEdgeMasks = nullptr;
 
-    int faceFromNodesSize = 0;
+    int faceFromNodesSize = 0;                   ///< entries of `faceFromNodesTable`
     int * faceFromNodesTable = nullptr;          ///< [faceFromNodesSize] key of three corners to a face, 6 for none
     EdgeUseList * edgesFromNodesTable = nullptr; ///< [edgeTableSize] key of two corners to all uses of that edge
-    int edgeTableSize = 0;
+    int edgeTableSize = 0;                       ///< entries of the tables of edges
     /// [edgeTableSize] storage behind edgesFromNodesTable in three dimensions, null otherwise.
     EdgeUse * edgesFromNodesPool = nullptr;
     /// [edgeTableSize] key of two corners to the one use that stands for the edge, (6, 4) for none.

@@ -10,6 +10,7 @@
 /// The enumerations of analytic rigid surfaces as primitives, as res_PrimEnums.h has those of results. The names are
 /// what stands in stored surfaces.
 
+/// As the functions of that name in res_PrimEnums.h.
 QVRSHPCORE_API omu_PrimEnumRow const * omu_PrimEnumRows(shp_AnalyticSurfaceSegment::TypeEnm);
 QVRSHPCORE_API omu_PrimEnumRow const * omu_PrimEnumRows(shp_AnalyticSurface::TypeEnm);
 QVRSHPCORE_API omu_PrimEnumRow const * omu_PrimEnumRows(shp_AnalyticRigidSurfEnm);

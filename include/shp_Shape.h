@@ -17,13 +17,16 @@ public:
     shp_Shape & operator=(shp_Shape const &) = delete;
     ~shp_Shape() override;
 
+    /// Sets `shapeRef`; the dictionary does so when it makes the shape.
     void SetShapeRef(unsigned int ref) { shapeRef = ref; }
 
-    // Text reports of this label, which none of them writes.
-
+    /// The report PrintTopology. None of these four reports writes the label.
     void PrintMembers(aio_ostream & stream) const { PrintTopology(stream); }
+    /// The report PrintTopologyTable: one row.
     void PrintMembersInTable(aio_ostream & stream) const { PrintTopologyTable(stream); }
+    /// The report PrintWeights.
     void PrintWeightsInTable(aio_ostream & stream) const { PrintWeights(stream); }
+    /// The report PrintInverse.
     void PrintInverseTable(aio_ostream & stream) const { PrintInverse(*this, stream); }
 
     /// The label. Threads that share the shape read it by CStr(): a copy counts on an integer that all copies share.

@@ -23,6 +23,7 @@ public:
     /// The point (0, 0, 0, 1) with the meaning 4, which is none: such a pair cannot be stored.
     shp_SuppDataPair() = default;
     shp_SuppDataPair(shp_SuppDataPair const &) = default;
+    /// A point with its meaning and a null identity.
     shp_SuppDataPair(g3d_Point const & point, shp_SuppDataPairEnm meaning) : value(point), dataType(meaning) {}
     /// Reads a stored pair. A missing point is (0, 0, 0, 1); a meaning that is no name of shp_SuppDataPairEnm raises
     /// nex_CmdException<atr_String, 2>, and so does a missing one.
@@ -45,7 +46,7 @@ public:
     /// cow_COW<shp_SuppDataPair, cow_Direct<shp_SuppDataPair>>.
     static void CowDtor(cow_COW<int, cow_Direct<int>> * holder);
 
-    g3d_Point value;
+    g3d_Point value;                                                    ///< the point
     shp_SuppDataPairEnm dataType = static_cast<shp_SuppDataPairEnm>(4); ///< one past the last that has a name
     cls_Uid uid;                                                        ///< persistent identity
 };

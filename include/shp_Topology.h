@@ -73,10 +73,12 @@ public:
     // Connectivity. `elemConn` and `conn` are an element's own node list in element node order, of any numbering; with
     // the identity 0, 1, 2 ... the results are local node numbers.
 
+    /// How many edges or nodes a face has.
     int NumEdgesPerFace(int face) const { return edgesPerFaceTbl[face]; }
     int NumNodesPerFace(int face) const { return nodesPerFaceTbl[face]; }
     /// The same for one plane of an element that has several.
     int BaseNodesPerFace(int face) const { return baseNodesPerFaceTbl[face]; }
+    /// How many nodes an edge has; edges are counted within their face.
     int NumNodesPerEdge(int face, int edge) const { return nodesPerEdgeTbl[face * maxEdgesPerFace + edge]; }
     /// The same for one plane of an element that has several.
     int BaseNodesPerEdge(int face, int edge) const { return baseNodesPerEdgeTbl[face * maxEdgesPerFace + edge]; }
@@ -128,8 +130,10 @@ public:
     /// Body weights from the node positions, one float per node; nothing for an element type without an operator.
     void BodyOp(uti_CoordCont3D const & coords, float * weights) const;
 
-    // One function at one point: node `node` of BaseNodesPerElem(). 0.0 where the element type has no such function.
+    // One function at one point.
 
+    /// The shape function of node `node` (0 to BaseNodesPerElem() - 1) at (g, h, r), or its derivative with respect to
+    /// g, h or r. 0.0 where the element type has no such function.
     float shapeFuncValue(int node, float g, float h, float r) const;
     float dUdGValue(int node, float g, float h, float r) const;
     float dUdHValue(int node, float g, float h, float r) const;
@@ -294,7 +298,7 @@ public:
     /// Isoparametric locations and weights; nothing for an element in several planes. Leaves the precision at 7.
     void PrintWeights(aio_ostream & stream) const;
 
-    // The fields, complete when the constructor returns.
+    // The fields: counts. Like all below, they are complete when the constructor returns.
 
     int numGeometryDimensions = 0; ///< isoparametric coordinates in use
     int numSpatialDimensions = 0;  ///< 2 or 3
@@ -309,26 +313,30 @@ public:
     int baseNodesPerElem = 0;      ///< nodes of one plane: the number of shape functions
     int baseIntPtsPerElem = 0;     ///< integration points of one plane
 
-    bool isAxiSymmetric = false;
-    bool isInteraction = false;
-    bool isInternal = false;
-    bool isSurface = false;
-    bool isRigid = false;
-    bool hasResults = false;
-    bool isAnalyticalRigidSurface = false;
-    bool isUnassigned73 = false;
-    bool isTwistedElement = false;
-    bool isCaxaElement = false; ///< several planes around the axis
-    bool isFluidpipeThermal = false;
-    bool isFluidpipeAnnulusThermal = false;
-    bool isContinuumShell = false;
-    bool isLayeredSolid = false; ///< stacked along g, h or r: mode 1, 2 or 3
-    bool isCohesive = false;
-    bool isGasket = false;
-    bool isCylindrical = false;
-    bool isNodalWeighted = false;
-    bool isSweepable = false;  ///< a section that is swept around an axis
-    bool isExtrudable = false; ///< a plane section that can be given a thickness
+    // The fields: flags. Most stand for a bit of the key (shp_KeyBit.h).
+
+    bool isAxiSymmetric = false;            ///< shp_keyAxisymmetric
+    bool isInteraction = false;             ///< shp_keyInteraction
+    bool isInternal = false;                ///< shp_keyInternal
+    bool isSurface = false;                 ///< shp_keySurface
+    bool isRigid = false;                   ///< shp_keyRigid
+    bool hasResults = false;                ///< not shp_keyNoResults
+    bool isAnalyticalRigidSurface = false;  ///< shp_keyARS
+    bool isUnassigned73 = false;            ///< shp_keyUnassigned73
+    bool isTwistedElement = false;          ///< shp_keyTwisted
+    bool isCaxaElement = false;             ///< several planes around the axis
+    bool isFluidpipeThermal = false;        ///< shp_keyFluidpipeThermal
+    bool isFluidpipeAnnulusThermal = false; ///< shp_keyFluidpipeAnnulusThermal
+    bool isContinuumShell = false;          ///< shp_keyContinuumShell
+    bool isLayeredSolid = false;            ///< stacked along g, h or r: mode 1, 2 or 3
+    bool isCohesive = false;                ///< shp_keyCohesive
+    bool isGasket = false;                  ///< shp_keyGasket
+    bool isCylindrical = false;             ///< shp_keyCylindrical
+    bool isNodalWeighted = false;           ///< shp_keyNodalIntegration or shp_keyCornerLumped
+    bool isSweepable = false;               ///< a section that is swept around an axis
+    bool isExtrudable = false;              ///< a plane section that can be given a thickness
+
+    // The fields: tables and functions. Tables are the library's where no own table is spoken of.
 
     int interpolationOrder = 0; ///< 1, 2 or 3
     int interpolationClass = 0; ///< number of the element's kind of interpolation, 0 to 14
@@ -361,17 +369,17 @@ public:
 
     shp_ShapeFunction const * shapeFunctions = nullptr; ///< `[baseNodesPerElem]`
     bool hasDerivatives = false;                        ///< `dUdGFunctions` is not null
-    shp_ShapeFunction const * dUdGFunctions = nullptr;
-    shp_ShapeFunction const * dUdHFunctions = nullptr; ///< null below two geometry dimensions
-    shp_ShapeFunction const * dUdRFunctions = nullptr; ///< null below three geometry dimensions
-    shp_BodyOperator bodyOp = nullptr;                 ///< null for most element types
-    shp_FaceTangents faceTangents = nullptr;
+    shp_ShapeFunction const * dUdGFunctions = nullptr;  ///< `[baseNodesPerElem]`, as the next two, or null
+    shp_ShapeFunction const * dUdHFunctions = nullptr;  ///< null below two geometry dimensions
+    shp_ShapeFunction const * dUdRFunctions = nullptr;  ///< null below three geometry dimensions
+    shp_BodyOperator bodyOp = nullptr;                  ///< null for most element types
+    shp_FaceTangents faceTangents = nullptr;            ///< behind ComputeFaceNormal
 
     shp_Options options; ///< the decoded key
 
     shp_ReverseFaceWorker reverseFaceWorker = nullptr; ///< behind ReverseFaceConnectivity
-    shp_LineWorker lineWorker = nullptr;
-    shp_PrepareCoords prepareCoords = nullptr;
+    shp_LineWorker lineWorker = nullptr;               ///< behind LineShapeIntersection, or null
+    shp_PrepareCoords prepareCoords = nullptr;         ///< for an 8-node quadrilateral; else null
 
     float * layeredNodeWeights = nullptr;    ///< own table behind `nodeWeights`, or null
     float * layeredFaceWeights = nullptr;    ///< own table behind `faceWeights`, or null

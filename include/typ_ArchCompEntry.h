@@ -12,6 +12,7 @@ public:
     constexpr typ_ArchCompEntry(typ_Entry const * rows, unsigned int numRows) noexcept
         : firstRow(rows), rowCount(numRows) {}
 
+    /// The header included.
     constexpr unsigned int NumRows() const noexcept { return rowCount; }
     /// The row of that number; null when the table ends before it.
     constexpr typ_Entry const * Row(unsigned int row) const noexcept {

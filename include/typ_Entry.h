@@ -5,7 +5,7 @@
 
 /// One row of a component's table of persistent types.
 struct typ_Entry {
-    std::uint32_t kind;
+    std::uint32_t kind;      ///< 7 for a class; 0 in the header row
     std::uint32_t reference; ///< as typ_reference packs it
     char const * name;       ///< the class; null in the header row
 };

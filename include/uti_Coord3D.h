@@ -12,6 +12,7 @@ class cls_WriteVisitor;
 class QVRSHPCORE_API uti_Coord3D final : public mem_AllocationOperators {
 public:
     constexpr uti_Coord3D() = default; ///< (0, 0, 0)
+    /// From its components.
     constexpr uti_Coord3D(float x, float y, float z) : coords{x, y, z} {}
     explicit uti_Coord3D(cls_ReadVisitor const & reader);
 

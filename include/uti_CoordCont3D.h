@@ -18,11 +18,13 @@ public:
     /// How many entries exist.
     int Length() const { return static_cast<int>(entries.size()); }
 
+    /// An entry, as a copy.
     uti_Coord3D operator[](int index) const {
         Entry const entry = exists(index) ? entries[slot(index)] : Entry();
         return uti_Coord3D(entry.x, entry.y, entry.z);
     }
 
+    /// The same as three numbers.
     void GetCoord(int index, float & x, float & y, float & z) const {
         uti_Coord3D const coord = (*this)[index];
         x = coord[0];
