@@ -7,6 +7,12 @@
 #include "shp_AnalyticRigidSurfaceData.h"
 #include "shp_AnalyticSurface.h"
 
+// Named before their first use, or what they are made of would be hidden in a build that inlines nothing.
+extern template class cow_CountedHld<shp_AnalyticRigidSurfaceData>;
+extern template class cow_CountedHld<shp_AnalyticSurface>;
+extern template class cow_COW<shp_AnalyticRigidSurfaceData, cow_Virtual<shp_AnalyticRigidSurfaceData>>;
+extern template class cow_COW<shp_AnalyticSurface, cow_Direct<shp_AnalyticSurface>>;
+
 /// An analytic rigid surface in the older representation, the newer, both or none, for readers who do not care which.
 class QVRSHPCORE_API shp_ArsDataHolder {
 public:
@@ -29,10 +35,5 @@ public:
     cow_COW<shp_AnalyticRigidSurfaceData, cow_Virtual<shp_AnalyticRigidSurfaceData>> oldData;
     cow_COW<shp_AnalyticSurface, cow_Direct<shp_AnalyticSurface>> newData;
 };
-
-extern template class cow_CountedHld<shp_AnalyticRigidSurfaceData>;
-extern template class cow_CountedHld<shp_AnalyticSurface>;
-extern template class cow_COW<shp_AnalyticRigidSurfaceData, cow_Virtual<shp_AnalyticRigidSurfaceData>>;
-extern template class cow_COW<shp_AnalyticSurface, cow_Direct<shp_AnalyticSurface>>;
 
 #endif

@@ -1,12 +1,13 @@
-# readme_output.sh PROGRAM README: what the program prints is what the README shows of it, in the first text block behind
-# the program's name. A line "..." there stands for one line or more.
-program=$1
-readme=$2
-printed=$(basename "$program").out
-"$program" >"$printed" || exit 1
-awk -v name="$(basename "$program")" '
+# readme_output.sh README SHOWN PROGRAM [ARGUMENTS]: what the program prints is what the README shows of it, in the first
+# text block behind the words SHOWN. A line "..." there stands for one line or more.
+readme=$1
+shown=$2
+shift 2
+printed=$(basename "$1").out
+"$@" >"$printed" || exit 1
+awk -v shown="$shown" '
     FNR == NR { printed[++count] = $0; next }
-    !found { found = index($0, name) > 0; next }
+    !found { found = index($0, shown) > 0; next }
     !inside { inside = $0 == "```text"; next }
     $0 == "```" { isClosed = 1; exit }
     $0 == "..." { ++line; isOpen = 1; next }
