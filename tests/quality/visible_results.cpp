@@ -64,10 +64,10 @@ void addOperations(Digest & digest, shp_Shape const & s) {
     }
 }
 
+/// All reports but PrintTopology, which shows an address.
 void addReports(Digest & digest, shp_Shape const & s) {
     std::ostringstream text;
     aio_ostream stream(text);
-    s.PrintTopology(stream);
     s.PrintTopologyTable(stream);
     s.PrintConnectivityTable(stream);
     s.PrintWeights(stream);
