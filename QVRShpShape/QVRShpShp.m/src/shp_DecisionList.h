@@ -63,14 +63,21 @@ private:
 /// A list is known by the source file and the function that asks it.
 void shp_traceDecision(char const * file, char const * function, std::size_t numRows, std::size_t row);
 
+/// Which row stands at a place of a list: the one of that number, unless a test leaves rows out (`numRows`) or
+/// exchanges them to see whether anyone notices.
+std::size_t shp_rowAt(char const * file, char const * function, std::size_t numRows, std::size_t place);
+
 /// The result of the first row that fits, or `otherwise`.
 template <class Result, std::size_t N>
 Result shp_firstFit(shp_Choice<Result> const (&list)[N], shp_Options const & o, int face = shp_any,
                     Result otherwise = {}, char const * file = __builtin_FILE(),
                     char const * function = __builtin_FUNCTION()) {
-    std::size_t row = 0;
-    while (row < N && !list[row].fits(o, face))
-        ++row;
+    std::size_t row = N;
+    for (std::size_t place = 0; place < N && row == N; ++place) {
+        std::size_t const candidate = shp_rowAt(file, function, N, place);
+        if (candidate < N && list[candidate].fits(o, face))
+            row = candidate;
+    }
     shp_traceDecision(file, function, N, row);
     return row < N ? list[row].result : otherwise;
 }
