@@ -23,6 +23,11 @@ function(qvrshpcore_configure target)
     # rounding of a pair of doubles to float and back, from -O2 on.
     target_compile_options(${target} PRIVATE -fno-gnu-unique -fno-tree-slp-vectorize)
   endif()
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
+    # Called only where the machine has the instructions.
+    set_source_files_properties(${PROJECT_SOURCE_DIR}/QVRShpShape/QVRShpShp.m/src/shp_WeightedSumsAvx.cpp
+                                TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS -mavx)
+  endif()
   target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
                              PRIVATE ${PROJECT_SOURCE_DIR}/frame/foundation ${PROJECT_SOURCE_DIR}/frame/module
                                      ${PROJECT_SOURCE_DIR}/QVRShpShape/QVRShpShp.m/src)
