@@ -566,12 +566,12 @@ Point faceNormal(Point const * nodes, int const * face, int corners) {
     return {normal[0] / length, normal[1] / length, normal[2] / length};
 }
 
-Point mean(Point const * nodes, int const * numbers, int count) {
+Point weightedSum(Point const * nodes, int const * numbers, double const * weights, int count) {
     Point sum = {};
     for (int i = 0; i < count; ++i)
         for (int c = 0; c < 3; ++c)
-            sum[c] += nodes[numbers[i]][c];
-    return {sum[0] / count, sum[1] / count, sum[2] / count};
+            sum[c] += weights[i] * nodes[numbers[i]][c];
+    return sum;
 }
 
 Point mean(Point const * nodes, int count) {

@@ -38,7 +38,8 @@ void meetLine(Point const & start, Point const & end, Point const * nodes, Point
 void extrapolate(float const * weights, float const * values, float * nodal, int nodes, int points, int components);
 
 Point faceNormal(Point const * nodes, int const * face, int corners);
-Point mean(Point const * nodes, int const * numbers, int count);
+/// The sum of weights[i] * nodes[numbers[i]].
+Point weightedSum(Point const * nodes, int const * numbers, double const * weights, int count);
 Point mean(Point const * nodes, int count);
 
 } // namespace hand

@@ -18,6 +18,10 @@ inline constexpr char handWritten[] = "hand-written";
 inline constexpr char vtk[] = "VTK";
 inline constexpr char eigen[] = "Eigen";
 inline constexpr char qt[] = "QList";
+inline constexpr char unorderedMap[] = "std::unordered_map";
+inline constexpr char vector[] = "std::vector";
+inline constexpr char deque[] = "std::deque";
+inline constexpr char map[] = "std::map";
 
 /// Makes a place in the tables for the timing of a name; one call of what is timed does so many operations.
 void enter(std::string const & name, std::string const & item, std::string const & element, std::string const & who,
@@ -28,13 +32,14 @@ inline void notInstalled(std::string const & item, std::string const & element, 
     enter("", item, element, who, 0);
 }
 
-/// Times `operation()`, which does `operations` operations.
+/// Times `operation()`, which does `operations` operations; one call before that is not timed.
 template <class Operation>
 void timeWhole(std::string const & item, std::string const & element, std::string const & who, std::int64_t operations,
                Operation operation) {
     std::string const name = item + "/" + element + "/" + who;
     enter(name, item, element, who, operations);
     benchmark::RegisterBenchmark(name.c_str(), [operation = std::move(operation)](benchmark::State & state) mutable {
+        operation();
         for (auto _ : state)
             operation();
     });

@@ -109,6 +109,10 @@ int main(int argc, char ** argv) {
     bench::timeLocation();
     bench::timeLines();
     bench::timeExtrapolation();
+    bench::timeFacesAndCentroids();
+    bench::timeLabels();
+    bench::timeContainers();
+    bench::timePacking();
 
     Collector collector;
     benchmark::RunSpecifiedBenchmarks(&collector);

@@ -23,6 +23,10 @@ std::string formatted(char const * format, double number) {
     return text;
 }
 
+std::string ratioText(double ratio) {
+    return formatted(ratio < 0.1 ? "%.3f" : "%.2f", ratio);
+}
+
 std::string nanoseconds(double time) {
     return formatted(time < 10 ? "%.2f" : time < 100 ? "%.1f" : "%.0f", time);
 }
@@ -96,7 +100,7 @@ void addTimes(Case const & entry, Row const & competitors, Row & row) {
                       : timing && timing->operations == 0 ? "not installed"
                                                           : "");
         if (who != ours)
-            row.push_back(isRun && isTimed(find(entry, ours)) ? formatted("%.2f", ratioTo(entry, who)) : "");
+            row.push_back(isRun && isTimed(find(entry, ours)) ? ratioText(ratioTo(entry, who)) : "");
     }
 }
 

@@ -60,6 +60,20 @@ inline constexpr Target targets[] = {
     {"extrapolation", "tetrahedron 10 with 4 points, 6", {{handWritten, 0.5}, {eigen, 1}}},
     {"extrapolation", "quadrilateral 8 with 4 points, 6", {{handWritten, 0.5}, {eigen, 1}}},
     {"extrapolation", any, {{handWritten, 0.6}}},
+
+    {"face normal", any, {{vtk, 0.35}}},
+    {"face centroid", any, {{vtk, 0.35}}},
+    {"element centroid", any, {{vtk, 0.35}}},
+
+    {"look-up by label", "upper case", {{unorderedMap, 0.5}}},
+    {"look-up by label", "lower case", {{unorderedMap, 0.3}}},
+    {"catalogue", "filling", {{unorderedMap, 0.8}}},
+
+    {"list of 1,000 strings", "copy and write", {{qt, 0.03}}},
+    {"list of 1,000 strings", "copy", {{qt, 0.5}}},
+    {"list of 1,000 strings", "append", {{qt, 0.75}}},
+    {"list of 1,000 strings", "read through an iterator", {{vector, 1.3}}},
+    {"list of 1,000 strings", "FindMember", {{vector, 1.5}}},
 };
 
 } // namespace bench
