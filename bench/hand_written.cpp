@@ -12,7 +12,6 @@ using hand::Point;
 struct Linear {
     explicit Linear(double x) : a((1 - x) / 2), b((1 + x) / 2) {}
     double a, b;
-    static constexpr double da = -0.5, db = 0.5;
 };
 
 /// Second-order functions of one coordinate, at -1, 0 and 1.

@@ -74,6 +74,14 @@ Target const * targetOf(Case const & entry) {
     return nullptr;
 }
 
+/// True when a peer of this case is not there.
+bool lacksPeer(Case const & entry) {
+    std::vector<Timing> const & all = allTimings();
+    return std::any_of(all.begin(), all.end(), [&](Timing const & timing) {
+        return timing.item == entry.item && timing.element == entry.element && timing.operations == 0;
+    });
+}
+
 /// The target in words, and whether it is met.
 std::pair<std::string, std::string> verdictOn(Case const & entry) {
     Target const * const target = targetOf(entry);
@@ -85,7 +93,7 @@ std::pair<std::string, std::string> verdictOn(Case const & entry) {
         if (limit.peer.empty())
             continue;
         double const ratio = ratioTo(entry, limit.peer);
-        isMeasured = isMeasured && ratio > 0;
+        isMeasured = isMeasured && ratio > 0 && (limit.peer != bestPeer || !lacksPeer(entry));
         isMet = isMet && ratio <= limit.ratio;
         text += (text.empty() ? "" : ", ") + formatted("%.2f ", limit.ratio) + std::string(limit.peer);
     }
