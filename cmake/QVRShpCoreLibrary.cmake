@@ -14,10 +14,10 @@ if(QVRSHPCORE_DEVELOPER)
   target_compile_options(QVRShpCore_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 endif()
 
-# Results must not depend on the optimiser.
+# Results must not depend on the optimiser. Nobody asks errno about a square root.
 function(qvrshpcore_configure target)
   target_compile_features(${target} PUBLIC cxx_std_20)
-  target_compile_options(${target} PRIVATE -ffp-contract=off -fno-fast-math)
+  target_compile_options(${target} PRIVATE -ffp-contract=off -fno-fast-math -fno-math-errno)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # A unique symbol would keep the library resident after dlclose. The straight-line vectoriser of g++ 12 drops the
     # rounding of a pair of doubles to float and back, from -O2 on.

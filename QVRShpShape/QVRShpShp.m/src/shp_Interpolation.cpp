@@ -6,6 +6,7 @@
 #include "uti_CoordCont3D.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -138,6 +139,33 @@ struct PositionSum {
     }
 };
 
+/// Adds up positions of nodes in float, without a node at exactly the place of the node before it.
+struct DistinctNodes {
+    float x = 0, y = 0, z = 0;
+    int count = 0;
+
+    /// Node i is entry `entryOf(i)`. Few nodes have the x of the node before; only of these is more compared.
+    template <class EntryOf> void add(uti_CoordCont3D const & coords, int numNodes, EntryOf entryOf) {
+        float lastX = std::numeric_limits<float>::quiet_NaN();
+        count = numNodes;
+        for (int i = 0; i < numNodes; ++i) {
+            float nodeX, nodeY, nodeZ;
+            coords.GetCoord(entryOf(i), nodeX, nodeY, nodeZ);
+            if (nodeX == lastX) [[unlikely]] {
+                uti_Coord3D const before = coords[entryOf(i - 1)];
+                if (nodeY == before[1] && nodeZ == before[2]) {
+                    --count;
+                    continue;
+                }
+            }
+            x += nodeX;
+            y += nodeY;
+            z += nodeZ;
+            lastX = nodeX;
+        }
+    }
+};
+
 /// An order in which IntPtCoord takes the nodes of a caller's list.
 struct NodeOrder {
     int length;
@@ -244,25 +272,13 @@ g3d_XForm shp_Topology::ShapeFunctionJacobian(g3d_Point const * coords, float * 
 
 void shp_Topology::Centroid(int const * conn, uti_CoordCont3D const & coords, uti_CoordCont3D & centroid,
                             bool useConnectivity) const {
-    float sumX = 0, sumY = 0, sumZ = 0;
-    float lastX = 0, lastY = 0, lastZ = 0;
-    int numCounted = 0;
-    for (int i = 0; i < baseNodesPerElem; ++i) {
-        float x, y, z;
-        coords.GetCoord(useConnectivity ? conn[i] : i, x, y, z);
-        bool const isRepeat = i > 0 && x == lastX && y == lastY && z == lastZ;
-        if (!isRepeat) {
-            sumX += x;
-            sumY += y;
-            sumZ += z;
-            ++numCounted;
-        }
-        lastX = x;
-        lastY = y;
-        lastZ = z;
-    }
-    float const factor = 1.0f / static_cast<float>(numCounted);
-    centroid.SetCoord(0, sumX * factor, sumY * factor, sumZ * factor);
+    DistinctNodes nodes;
+    if (useConnectivity)
+        nodes.add(coords, baseNodesPerElem, [conn](int i) { return conn[i]; });
+    else
+        nodes.add(coords, baseNodesPerElem, [](int i) { return i; });
+    float const factor = 1.0f / static_cast<float>(nodes.count);
+    centroid.SetCoord(0, nodes.x * factor, nodes.y * factor, nodes.z * factor);
 }
 
 void shp_Topology::IntPtCoord(uti_CoordCont3D const & coords, int const * conn, uti_CoordCont3D & intPoints,
