@@ -50,15 +50,19 @@ std::uint32_t bitsOf(float value) {
     return std::bit_cast<std::uint32_t>(std::isnan(value) ? Limits::quiet_NaN() : value);
 }
 
-template <class Sum> void expectSums(shp_WeightedSums const & s) {
-    for (int row = 0; row < s.numRows; ++row)
-        for (int c = 0; c < s.numComps; ++c) {
+/// What `tested` makes of arrays of one size must be sums of type Sum.
+template <class Sum> void expectSums(shp_WeightedSums * tested, int rows, int points, int comps) {
+    int const offset = (rows + points + comps) % 4;
+    Array const values(points * comps, offset), weights(rows * points, offset), out(rows * comps, offset);
+    tested(values.first, weights.first, out.first, rows, points, comps);
+    for (int row = 0; row < rows; ++row)
+        for (int c = 0; c < comps; ++c) {
             Sum sum = 0;
-            for (int p = 0; p < s.numPoints; ++p)
-                sum += static_cast<Sum>(s.values[p * s.numComps + c] * s.weights[row * s.numPoints + p]);
-            ASSERT_EQ(bitsOf(s.out[row * s.numComps + c]), bitsOf(narrowed(sum)))
-                << s.numRows << " rows, " << s.numPoints << " points, " << s.numComps << " components: row " << row
-                << ", component " << c;
+            for (int p = 0; p < points; ++p)
+                sum += static_cast<Sum>(values.first[p * comps + c] * weights.first[row * points + p]);
+            ASSERT_EQ(bitsOf(out.first[row * comps + c]), bitsOf(narrowed(sum)))
+                << rows << " rows, " << points << " points, " << comps << " components: row " << row << ", component "
+                << c;
         }
 }
 
@@ -66,14 +70,8 @@ void expectLaw(shp_SumKernels const & tested) {
     for (int rows : {0, 1, 2, 3, 4, 5, 8, 27})
         for (int points : {0, 1, 3, 4, 5, 8, 27})
             for (int comps = 1; comps <= 14; ++comps) {
-                int const offset = (rows + points + comps) % 4;
-                Array const values(points * comps, offset), weights(rows * points, offset);
-                Array out(rows * comps, offset);
-                shp_WeightedSums const sums = {values.first, weights.first, out.first, rows, points, comps};
-                tested.inDouble(sums);
-                expectSums<double>(sums);
-                tested.inFloat(sums);
-                expectSums<float>(sums);
+                expectSums<double>(tested.inDouble, rows, points, comps);
+                expectSums<float>(tested.inFloat, rows, points, comps);
             }
 }
 

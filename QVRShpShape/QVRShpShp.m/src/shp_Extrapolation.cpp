@@ -16,13 +16,15 @@ std::size_t product(int a, int b) {
     return static_cast<std::size_t>(a) * static_cast<std::size_t>(b);
 }
 
+// Functions of their own: in line, they would cost the sums over integration points the registers that they use.
+
 /// The one point's components for each of `numRows`.
-void repeatPoint(float const * values, int numRows, int numComps, float * out) {
+[[gnu::noinline]] void repeatPoint(float const * values, int numRows, int numComps, float * out) {
     for (int row = 0; row < numRows; ++row)
         out = std::copy_n(values, numComps, out);
 }
 
-void zero(float * out, int numRows, int numComps) {
+[[gnu::noinline]] void zero(float * out, int numRows, int numComps) {
     std::fill_n(out, product(numRows, numComps), 0.0f);
 }
 
@@ -56,7 +58,7 @@ void shp_Topology::StdExtrapToNodes(float const * values, res_OutputPositionEnm 
     switch (position) {
     case res_OutputPosition_INTEGRATION_POINT:
         if (hasOutput && nodeWeights)
-            shp_sumInDouble({values, nodeWeights, nodal, baseNodesPerElem, baseIntPtsPerElem, numComps});
+            shp_sumInDouble(values, nodeWeights, nodal, baseNodesPerElem, baseIntPtsPerElem, numComps);
         else if (hasOutput)
             zero(nodal, baseNodesPerElem, numComps);
         break;
@@ -82,13 +84,13 @@ void shp_Topology::ExtrapolateToFaces(float const * values, res_OutputPositionEn
     switch (position) {
     case res_OutputPosition_INTEGRATION_POINT:
         if (hasOutput && faceWeights)
-            shp_sumInFloat({values, faceWeights, faceValues, numFacesPerElem, baseIntPtsPerElem, numComps});
+            shp_sumInFloat(values, faceWeights, faceValues, numFacesPerElem, baseIntPtsPerElem, numComps);
         else if (hasOutput)
             zero(faceValues, numFacesPerElem, numComps);
         break;
     case res_OutputPosition_ELEMENT_NODAL:
         if (hasOutput)
-            shp_sumInFloat({values, faceCenterNodeWeights, faceValues, numFacesPerElem, baseNodesPerElem, numComps});
+            shp_sumInFloat(values, faceCenterNodeWeights, faceValues, numFacesPerElem, baseNodesPerElem, numComps);
         break;
     case res_OutputPosition_WHOLE_ELEMENT:
     case res_OutputPosition_ELEMENT_CENTROID:
@@ -106,7 +108,7 @@ void shp_Topology::ExtrapolateToFaces(float const * values, res_OutputPositionEn
 void shp_Topology::ExtrapolateFromFaceIntPtsToFaceNodes(float const * values, float * faceNodal, int face) const {
     float const * const weights = shp_InterpolationTables::getFacialNdWghtTblPtr(options, face);
     if (weights && baseNodesPerFaceTbl && intPtsPerFaceTbl)
-        shp_sumInFloat({values, weights, faceNodal, baseNodesPerFaceTbl[face], intPtsPerFaceTbl[face], 1});
+        shp_sumInFloat(values, weights, faceNodal, baseNodesPerFaceTbl[face], intPtsPerFaceTbl[face], 1);
 }
 
 void shp_Topology::CaxaExtrapToNodes(float const * values, res_OutputPositionEnm position, float * nodal,

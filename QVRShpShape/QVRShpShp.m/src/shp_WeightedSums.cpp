@@ -23,10 +23,12 @@ struct Choice {
 
 } // namespace
 
-void shp_sumInDouble(shp_WeightedSums const & sums) {
-    chosen.inDouble(sums);
+void shp_sumInDouble(float const * values, float const * weights, float * out, int numRows, int numPoints,
+                     int numComps) {
+    chosen.inDouble(values, weights, out, numRows, numPoints, numComps);
 }
 
-void shp_sumInFloat(shp_WeightedSums const & sums) {
-    chosen.inFloat(sums);
+void shp_sumInFloat(float const * values, float const * weights, float * out, int numRows, int numPoints,
+                    int numComps) {
+    chosen.inFloat(values, weights, out, numRows, numPoints, numComps);
 }

@@ -1,27 +1,22 @@
 #ifndef shp_WeightedSums_h
 #define shp_WeightedSums_h
 
-/// Weighted sums over the points at which values of one element stand: sum over all points, in order, of
-/// `values[point][comp]` times `weights[row][point]`, each product in float.
-struct shp_WeightedSums {
-    float const * values;  ///< [numPoints][numComps]
-    float const * weights; ///< [numRows][numPoints]
-    float * out;           ///< [numRows][numComps]; overlaps neither values nor weights
-    int numRows;
-    int numPoints;
-    int numComps;
-};
+/// Weighted sums over the points at which values of one element stand: out[row][comp] becomes the sum over all points,
+/// in order, of values[point][comp] times weights[row][point], each product in float. `out` overlaps neither of the
+/// two; there is at least one component.
+using shp_WeightedSums = void(float const * values, float const * weights, float * out, int numRows, int numPoints,
+                              int numComps);
 
 /// Running sums in double, narrowed to the nearest finite float; not-a-number stays.
-void shp_sumInDouble(shp_WeightedSums const & sums);
+shp_WeightedSums shp_sumInDouble;
 
 /// Running sums in float; too large a sum is infinite.
-void shp_sumInFloat(shp_WeightedSums const & sums);
+shp_WeightedSums shp_sumInFloat;
 
 /// Both, as one machine does them.
 struct shp_SumKernels {
-    void (*inDouble)(shp_WeightedSums const & sums);
-    void (*inFloat)(shp_WeightedSums const & sums);
+    shp_WeightedSums * inDouble;
+    shp_WeightedSums * inFloat;
 };
 
 /// For a machine with 256-bit vectors; null in a library for machines that never have them.

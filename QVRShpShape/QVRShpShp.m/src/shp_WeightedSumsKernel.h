@@ -156,125 +156,143 @@ struct SumsInFloat {
 
 /// Calls `sumRows(first)` for groups of `Size` rows. The last group begins so early that it is whole; what it forms a
 /// second time has the same bits. If there are fewer rows in all, there is one group, which begins at row 0.
-template <int Size, class SumRows> void forRowGroups(int numRows, SumRows sumRows) {
-    int const last = numRows > Size ? numRows - Size : 0;
-    for (int row = 0; row < numRows; row += Size)
+template <int Size, class SumRows> void forRowGroups(ptrdiff_t numRows, SumRows sumRows) {
+    ptrdiff_t const last = numRows > Size ? numRows - Size : 0;
+    for (ptrdiff_t row = 0; row < numRows; row += Size)
         sumRows(row < last ? row : last);
 }
 
+// The ways to lay sums out, each a function of its own, which needs no more registers than it uses. `values` and `out`
+// begin at the first component that is summed, and go on by `comps` from point to point and from row to row.
+
 /// One component of four rows. The rows that a smaller table lacks are its last row again. With `isAlone`, there is no
 /// other component.
-template <class Sums, bool isAlone> void sumOneComponent(shp_WeightedSums const & s, int comp) {
-    ptrdiff_t const points = s.numPoints, comps = isAlone ? 1 : s.numComps;
-    int const row1 = s.numRows > 1 ? 1 : 0, row2 = s.numRows > 2 ? 2 : row1, row3 = s.numRows > 3 ? 3 : row2;
+template <class Sums, bool isAlone>
+[[gnu::noinline]] void sumOneComponent(float const * values, float const * weights, float * out, ptrdiff_t rows,
+                                       ptrdiff_t points, ptrdiff_t numComps) {
+    ptrdiff_t const comps = isAlone ? 1 : numComps;
+    ptrdiff_t const row1 = rows > 1 ? 1 : 0, row2 = rows > 2 ? 2 : row1, row3 = rows > 3 ? 3 : row2;
     ptrdiff_t const weights1 = row1 * points, weights2 = row2 * points, weights3 = row3 * points;
-    forRowGroups<4>(s.numRows, [&](int row) {
-        float const * value = s.values + comp;
-        float const * weight = s.weights + row * points;
+    forRowGroups<4>(rows, [&](ptrdiff_t row) {
+        float const * value = values;
+        float const * weight = weights + row * points;
+        float const * const end = weight + points;
         Sums sums;
-        ptrdiff_t point = 0;
-        for (; point + 4 <= points; point += 4, value += 4 * comps, weight += 4) {
-            Floats const values = isAlone ? load(value) : gather(value, comps);
-            Floats a = values * load(weight), b = values * load(weight + weights1);
-            Floats c = values * load(weight + weights2), d = values * load(weight + weights3);
+        for (; end - weight >= 4; weight += 4, value += 4 * comps) {
+            Floats const fourValues = isAlone ? load(value) : gather(value, comps);
+            Floats a = fourValues * load(weight), b = fourValues * load(weight + weights1);
+            Floats c = fourValues * load(weight + weights2), d = fourValues * load(weight + weights3);
             transpose(a, b, c, d);
             sums.add(a);
             sums.add(b);
             sums.add(c);
             sums.add(d);
         }
-        for (; point < points; ++point, value += comps, ++weight)
+        for (; weight < end; ++weight, value += comps)
             sums.add(repeated(value) * Floats{weight[0], weight[weights1], weight[weights2], weight[weights3]});
 
         Floats const results = sums.results();
-        float * const out = s.out + row * comps + comp;
+        float * const first = out + row * comps;
         if (isAlone && row3 == 3) {
-            store(results, out);
+            store(results, first);
         } else {
-            out[0] = results[0];
-            out[row1 * comps] = results[1];
-            out[row2 * comps] = results[2];
-            out[row3 * comps] = results[3];
+            first[0] = results[0];
+            first[row1 * comps] = results[1];
+            first[row2 * comps] = results[2];
+            first[row3 * comps] = results[3];
         }
     });
 }
 
 /// Two components of two rows; a table of one row has it twice.
-template <class Sums> void sumTwoComponents(shp_WeightedSums const & s, int comp) {
-    ptrdiff_t const points = s.numPoints, comps = s.numComps;
-    int const next = s.numRows > 1 ? 1 : 0;
-    forRowGroups<2>(s.numRows, [&](int row) {
-        float const * value = s.values + comp;
-        float const * weight = s.weights + row * points;
+template <class Sums>
+[[gnu::noinline]] void sumTwoComponents(float const * values, float const * weights, float * out, ptrdiff_t rows,
+                                        ptrdiff_t points, ptrdiff_t comps) {
+    ptrdiff_t const next = rows > 1 ? 1 : 0;
+    forRowGroups<2>(rows, [&](ptrdiff_t row) {
+        float const * value = values;
+        float const * weight = weights + row * points;
         float const * const end = weight + points;
         Sums sums;
         for (; weight < end; ++weight, value += comps)
             sums.add(twoTwice(value) * halves(repeated(weight), repeated(weight + next * points)));
-
-        float * const out = s.out + row * comps + comp;
-        storeHalves(sums.results(), out, out + next * comps);
+        float * const first = out + row * comps;
+        storeHalves(sums.results(), first, first + next * comps);
     });
 }
 
 /// Four components of a row.
-template <class Sums> void sumFourComponents(shp_WeightedSums const & s, int comp) {
-    ptrdiff_t const points = s.numPoints, comps = s.numComps;
-    float const * weight = s.weights;
-    for (int row = 0; row < s.numRows; ++row) {
-        float const * value = s.values + comp;
-        float const * const end = weight + points;
+template <class Sums>
+[[gnu::noinline]] void sumFourComponents(float const * values, float const * weights, float * out, ptrdiff_t rows,
+                                         ptrdiff_t points, ptrdiff_t comps) {
+    for (; rows > 0; --rows, out += comps) {
+        float const * value = values;
+        float const * const end = weights + points;
         Sums sums;
-        for (; weight < end; ++weight, value += comps)
-            sums.add(load(value) * repeated(weight));
-        store(sums.results(), s.out + row * comps + comp);
+        for (; weights < end; ++weights, value += comps)
+            sums.add(load(value) * repeated(weights));
+        store(sums.results(), out);
     }
 }
 
-/// Six components, those of a stress, of two rows: what is above for four and for two of them, with each weight read
-/// once.
-template <class Sums> void sumSixComponents(shp_WeightedSums const & s) {
+/// All of six components, those of a stress, of two rows: what is above for four and for two of them, with each weight
+/// read once. `knownPoints` is the number of points, or 0 for any.
+template <class Sums, int knownPoints>
+[[gnu::noinline]] void sumSixComponents(float const * values, float const * weights, float * out, ptrdiff_t rows,
+                                        ptrdiff_t numPoints) {
     constexpr ptrdiff_t comps = 6;
-    ptrdiff_t const points = s.numPoints;
-    int const next = s.numRows > 1 ? 1 : 0;
-    forRowGroups<2>(s.numRows, [&](int row) {
-        float const * value = s.values;
-        float const * weight = s.weights + row * points;
+    ptrdiff_t const points = knownPoints > 0 ? knownPoints : numPoints;
+    ptrdiff_t const next = rows > 1 ? 1 : 0;
+    forRowGroups<2>(rows, [&](ptrdiff_t row) {
+        float const * value = values;
+        float const * weight = weights + row * points;
         float const * const end = weight + points;
-        Sums sums, nextSums, lastTwo;
+        Sums sums, nextSums, lastSums;
         for (; weight < end; ++weight, value += comps) {
             Floats const firstFour = load(value);
             Floats const ofRow = repeated(weight), ofNext = repeated(weight + next * points);
             sums.add(firstFour * ofRow);
             nextSums.add(firstFour * ofNext);
-            lastTwo.add(twoTwice(value + 4) * halves(ofRow, ofNext));
+            lastSums.add(twoTwice(value + 4) * halves(ofRow, ofNext));
         }
-
-        float * const out = s.out + row * comps;
-        float * const nextOut = out + next * comps;
-        store(sums.results(), out);
-        store(nextSums.results(), nextOut);
-        storeHalves(lastTwo.results(), out + 4, nextOut + 4);
+        float * const first = out + row * comps;
+        float * const second = first + next * comps;
+        store(sums.results(), first);
+        store(nextSums.results(), second);
+        storeHalves(lastSums.results(), first + 4, second + 4);
     });
 }
 
-template <class Sums> void sumAll(shp_WeightedSums const & s) {
-    if (s.numComps == 6) {
-        sumSixComponents<Sums>(s);
-        return;
+/// Any number of components: four by four, then what is left.
+template <class Sums>
+[[gnu::noinline]] void sumComponents(float const * values, float const * weights, float * out, ptrdiff_t rows,
+                                     ptrdiff_t points, ptrdiff_t comps) {
+    ptrdiff_t left = comps;
+    for (; left >= 4; left -= 4, values += 4, out += 4)
+        sumFourComponents<Sums>(values, weights, out, rows, points, comps);
+    if (left >= 2) {
+        sumTwoComponents<Sums>(values, weights, out, rows, points, comps);
+        left -= 2;
+        values += 2;
+        out += 2;
     }
-    if (s.numComps == 1) {
-        sumOneComponent<Sums, true>(s, 0);
-        return;
-    }
-    int comp = 0;
-    for (; comp + 4 <= s.numComps; comp += 4)
-        sumFourComponents<Sums>(s, comp);
-    if (comp + 2 <= s.numComps) {
-        sumTwoComponents<Sums>(s, comp);
-        comp += 2;
-    }
-    if (comp < s.numComps)
-        sumOneComponent<Sums, false>(s, comp);
+    if (left > 0)
+        sumOneComponent<Sums, false>(values, weights, out, rows, points, comps);
+}
+
+/// Scalars, and stresses at the points that most elements have, go ways of their own.
+template <class Sums>
+void sumAll(float const * values, float const * weights, float * out, int rows, int points, int comps) {
+    if (comps == 6 && points == 8)
+        sumSixComponents<Sums, 8>(values, weights, out, rows, points);
+    else if (comps == 6 && points == 4)
+        sumSixComponents<Sums, 4>(values, weights, out, rows, points);
+    else if (comps == 6)
+        sumSixComponents<Sums, 0>(values, weights, out, rows, points);
+    else if (comps == 1)
+        sumOneComponent<Sums, true>(values, weights, out, rows, points, comps);
+    else
+        sumComponents<Sums>(values, weights, out, rows, points, comps);
 }
 
 constexpr shp_SumKernels kernels = {sumAll<SumsInDouble>, sumAll<SumsInFloat>};
