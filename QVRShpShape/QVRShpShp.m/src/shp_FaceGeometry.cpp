@@ -7,11 +7,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
-/// Two doubles side by side. Divisions are what a normal costs, and a pair takes no longer than one.
+/// Two numbers side by side. Divisions are what a normal costs, and a pair takes no longer than one.
 using Pair = double __attribute__((vector_size(16)));
+using FloatPair = float __attribute__((vector_size(8)));
+
+FloatPair narrow(Pair pair) {
+    return __builtin_convertvector(pair, FloatPair);
+}
 
 /// What a vector of this squared length is divided by to have length 1; the zero vector stays zero.
 double divisor(double squaredLength) {
@@ -26,14 +32,9 @@ struct UnitDirections {
         Pair const x = {a[0], b[0]}, y = {a[1], b[1]}, z = {a[2], b[2]};
         Pair const squares = x * x + y * y + z * z;
         Pair const divisors = {divisor(squares[0]), divisor(squares[1])};
-        Pair const unitX = x / divisors, unitY = y / divisors, unitZ = z / divisors;
-        first = narrow(unitX[0], unitY[0], unitZ[0]);
-        second = narrow(unitX[1], unitY[1], unitZ[1]);
-    }
-
-private:
-    static g3d_Vector narrow(double x, double y, double z) {
-        return {static_cast<float>(x), static_cast<float>(y), static_cast<float>(z)};
+        FloatPair const unitX = narrow(x / divisors), unitY = narrow(y / divisors), unitZ = narrow(z / divisors);
+        first = {unitX[0], unitY[0], unitZ[0]};
+        second = {unitX[1], unitY[1], unitZ[1]};
     }
 };
 
@@ -46,13 +47,13 @@ g3d_Vector normalTo(g3d_Vector const & t1, g3d_Vector const & t2, int numSpatial
     return {t1.Y() * t2.Z() - t2.Y() * t1.Z(), t2.X() * t1.Z() - t2.Z() * t1.X(), z};
 }
 
-/// At length 1, as g3d_Vector::Normalize makes it.
+/// At length 1, as g3d_Vector::Normalize makes it. Stored as callers read it, in a pair and one: to read in pairs what
+/// was stored singly takes longer.
 void storeUnit(g3d_Vector const & vector, float * out) {
     double const x = vector.X(), y = vector.Y(), z = vector.Z();
     double const length = divisor(x * x + y * y + z * z);
-    Pair const unitXY = Pair{x, y} / Pair{length, length};
-    out[0] = static_cast<float>(unitXY[0]);
-    out[1] = static_cast<float>(unitXY[1]);
+    FloatPair const unitXY = narrow(Pair{x, y} / Pair{length, length});
+    std::memcpy(out, &unitXY, sizeof unitXY);
     out[2] = static_cast<float>(z / length);
 }
 
