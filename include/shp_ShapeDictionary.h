@@ -36,7 +36,8 @@ public:
 
     /// The shape of `label` in upper or lower case, the same object at each call; null, and nothing reported, for a
     /// label that the catalogue does not have. Raises when memory is exhausted: then no shape was added, and the next
-    /// call tries again.
+    /// call tries again. A shape that is built already is found without an allocation, if its label has at most nine
+    /// characters.
     shp_Shape const * GetShape(cow_String const & label) const;
 
     /// The catalogue: upper-case label to LongKey const *. Walk it with omi_BtreeIterator, in ascending label order.
