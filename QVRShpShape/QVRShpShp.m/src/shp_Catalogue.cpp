@@ -383,7 +383,7 @@ constexpr Family families[] = {
 constexpr LongKey keyOf(Family const & family, Row const & row) {
     LongKey key;
     auto const add = [&key](shp_KeyBit bit) {
-        unsigned int const number = bit;
+        auto const number = static_cast<unsigned int>(bit);
         key.setBits(1, &number);
     };
     for (shp_KeyBit const bit : {family.shape, row.nodes, row.points, row.space})
