@@ -14,14 +14,21 @@ if(QVRSHPCORE_DEVELOPER)
   target_compile_options(QVRShpCore_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 endif()
 
-# Results must not depend on the optimiser.
+# Results must not depend on the optimiser. Nobody asks errno about a square root.
 function(qvrshpcore_configure target)
   target_compile_features(${target} PUBLIC cxx_std_20)
-  target_compile_options(${target} PRIVATE -ffp-contract=off -fno-fast-math)
+  target_compile_options(${target} PRIVATE -ffp-contract=off -fno-fast-math -fno-math-errno)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # A unique symbol would keep the library resident after dlclose. The straight-line vectoriser of g++ 12 drops the
     # rounding of a pair of doubles to float and back, from -O2 on.
     target_compile_options(${target} PRIVATE -fno-gnu-unique -fno-tree-slp-vectorize)
+  endif()
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
+    # Called only where the machine has the instructions.
+    set_source_files_properties(${PROJECT_SOURCE_DIR}/QVRShpShape/QVRShpShp.m/src/shp_WeightedSumsAvx.cpp
+                                TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS -mavx)
+    set_source_files_properties(${PROJECT_SOURCE_DIR}/QVRShpShape/QVRShpShp.m/src/shp_SetOperationsAvx2.cpp
+                                TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS -mavx2)
   endif()
   target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
                              PRIVATE ${PROJECT_SOURCE_DIR}/frame/foundation ${PROJECT_SOURCE_DIR}/frame/module

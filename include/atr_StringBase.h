@@ -2,8 +2,11 @@
 #define atr_StringBase_h
 
 #include "QVRShpCore_Export.h"
+#include "mem_Alloc.h"
 
 #include <compare>
+#include <cstring>
+#include <utility>
 
 /// The text that both string classes stand on: a pointer to zero-terminated bytes and a pointer to a counted
 /// representation that owns them. Copying takes constant time and shares the representation; the first write through
@@ -24,11 +27,23 @@ public:
     /// The decimal text of a number.
     explicit atr_StringBase(int number);
     explicit atr_StringBase(unsigned int number);
-    atr_StringBase(atr_StringBase const & other) noexcept;
-    atr_StringBase(atr_StringBase && other) noexcept;
-    atr_StringBase & operator=(atr_StringBase const & other) noexcept;
-    atr_StringBase & operator=(atr_StringBase && other) noexcept;
-    ~atr_StringBase();
+    atr_StringBase(atr_StringBase const & other) noexcept : text(other.text), representation(other.representation) {
+        if (representation)
+            ++representation->references;
+    }
+    atr_StringBase(atr_StringBase && other) noexcept
+        : text(std::exchange(other.text, "")), representation(std::exchange(other.representation, nullptr)) {}
+    atr_StringBase & operator=(atr_StringBase const & other) noexcept { return *this = atr_StringBase(other); }
+    atr_StringBase & operator=(atr_StringBase && other) noexcept {
+        // The other text may end with this one, or be this one: it is taken out before anything is released.
+        char const * const newText = std::exchange(other.text, "");
+        Representation * const newRepresentation = std::exchange(other.representation, nullptr);
+        release();
+        text = newText;
+        representation = newRepresentation;
+        return *this;
+    }
+    ~atr_StringBase() { release(); }
 
     /// The length in bytes, and whether it is 0.
     int Length() const { return representation ? representation->length : constantLength(); }
@@ -71,18 +86,18 @@ public:
 
     /// Comparisons by bytes, as Compare.
     friend bool operator==(atr_StringBase const & left, atr_StringBase const & right) {
-        return left.Compare(right) == 0;
+        return left.text == right.text || std::strcmp(left.text, right.text) == 0;
     }
     friend bool operator==(atr_StringBase const & left, char const * right) { return left.Compare(right) == 0; }
     friend std::strong_ordering operator<=>(atr_StringBase const & left, atr_StringBase const & right) {
-        return left.Compare(right) <=> 0;
+        return std::strcmp(left.text, right.text) <=> 0;
     }
     friend std::strong_ordering operator<=>(atr_StringBase const & left, char const * right) {
         return left.Compare(right) <=> 0;
     }
 
 private:
-    friend class mem_OutOfMemoryException;
+    friend struct atr_ConstantText;
 
     /// Constant text without a representation: nothing is allocated and nothing is counted.
     struct Constant {
@@ -101,7 +116,10 @@ private:
     static Representation * copyOf(char const * source, int length, long long capacity);
     int constantLength() const;
     void adopt(Representation * created) noexcept;
-    void release() noexcept;
+    void release() noexcept {
+        if (representation && --representation->references == 0)
+            mem_Free(representation);
+    }
     void unshare();
     void appendBytes(char const * source, int count);
 

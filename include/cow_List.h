@@ -73,9 +73,17 @@ public:
         Append(x3);
         Append(x4);
     }
-    cow_List(cow_List const & other) noexcept;
+    cow_List(cow_List const & other) noexcept
+        : length(other.length), slotCount(other.slotCount), blockShift(other.blockShift),
+          firstOffset(other.firstOffset), arrayCount(other.arrayCount), blocks(other.blocks) {
+        arrayCount->Increment();
+    }
     cow_List & operator=(cow_List const & other) noexcept;
-    ~cow_List();
+    ~cow_List() {
+        if (arrayCount->Decrement())
+            discard(length, slotCount, blockShift, firstOffset, arrayCount, blocks);
+        arrayCount = nullptr;
+    }
 
     /// The number of elements, and whether it is 0.
     int Length() const noexcept { return length; }
@@ -102,7 +110,14 @@ public:
     T & operator[](int i) { return Get(i); }
 
     /// Adds a copy of `x` at the end. Here and in the other operations `x` may be an element of this list.
-    void Append(T const & x);
+    void Append(T const & x) {
+        if (T * const place = placeAtEnd()) {
+            ::new (static_cast<void *>(place)) T(x);
+            ++length;
+        } else {
+            appendWithRoom(x);
+        }
+    }
     /// Adds a copy of `x` at the end, unless an equal element is there.
     template <class U = T> void AppendUnlessMember(T const & x) {
         if (!IsMember(x))
@@ -218,6 +233,8 @@ private:
 
     void Initialize(int capacity);
     void InitializeBlock(T const * p, int start, int count);
+    T * placeAtEnd() const noexcept;
+    void appendWithRoom(T const & x);
     void CopyArray();
     void Isolate(int i) { IsolateRange(i, i); }
     void IsolateRange(int from, int to);
@@ -234,6 +251,8 @@ private:
     Range liveElements(int block) const noexcept;
     Block * copyOfBlock(int block, int end) const;
     void releaseBlock(int block) noexcept;
+    static void discard(int length, int slotCount, int blockShift, int firstOffset, cow_Counter * arrayCount,
+                        Block ** blocks) noexcept;
     void truncate(int n, int neededBlocks);
 
     int length = 0;
@@ -249,13 +268,6 @@ template <class T> QVRSHPCORE_API bool operator==(cow_List<T> const & left, cow_
     return left.IsEqual(right);
 }
 
-template <class T>
-cow_List<T>::cow_List(cow_List const & other) noexcept
-    : length(other.length), slotCount(other.slotCount), blockShift(other.blockShift), firstOffset(other.firstOffset),
-      arrayCount(other.arrayCount), blocks(other.blocks) {
-    arrayCount->Increment();
-}
-
 template <class T> cow_List<T> & cow_List<T>::operator=(cow_List const & other) noexcept {
     if (this == &other)
         return *this;
@@ -269,14 +281,6 @@ template <class T> cow_List<T> & cow_List<T>::operator=(cow_List const & other) 
     return *this;
 }
 
-template <class T> cow_List<T>::~cow_List() {
-    if (arrayCount->Decrement()) {
-        Resize(0);
-        delete arrayCount;
-    }
-    arrayCount = nullptr;
-}
-
 template <class T> T & cow_List<T>::Get(int i) {
     CheckIndex(i);
     CopyArray();
@@ -284,7 +288,19 @@ template <class T> T & cow_List<T>::Get(int i) {
     return *address(i);
 }
 
-template <class T> void cow_List<T>::Append(T const & x) {
+/// The place of the next element where Append has nothing else to do: neither the array of block pointers nor a block
+/// is made, copied or resized. Otherwise null.
+template <class T> inline T * cow_List<T>::placeAtEnd() const noexcept {
+    int const b = blockOf(length);
+    int const slot = firstOffset + length - (b << blockShift);
+    bool const fitsArray = (b | 15) + 1 == slotCount; // the array grows by 16 entries
+    if (slot == 0 || !fitsArray || arrayCount->Count() != 1)
+        return nullptr;
+    Block * const block = blocks[b];
+    return block != nullptr && block->count == 1 ? block->items + slot : nullptr;
+}
+
+template <class T> void cow_List<T>::appendWithRoom(T const & x) {
     Resize(length + 1);
     Addition added(*this, length, length);
     IsolateRange(length, length);
@@ -432,9 +448,15 @@ template <class T> cow_List<T> cow_List<T>::Slice(int from, int to) const {
 
 template <class T> template <class U> int cow_List<T>::FindMember(T const & x) const {
     cow_List const walked(*this); // stays as it is whatever a comparison does
-    for (int i = 0; i < walked.length; ++i)
-        if (*walked.address(i) == x)
-            return i;
+    for (int start = 0; start < walked.length;) {
+        int const block = walked.blockOf(start);
+        int const end = walked.liveElements(block).end;
+        T const * const items = walked.address(start);
+        for (int k = 0; k < end - start; ++k)
+            if (items[k] == x)
+                return start + k;
+        start = end;
+    }
     return -1;
 }
 
@@ -540,7 +562,7 @@ template <class T> void cow_List<T>::CopyArray() {
 template <class T> void cow_List<T>::IsolateRange(int from, int to) {
     for (int b = blockOf(from); b <= blockOf(to); ++b) {
         if (blocks[b] == nullptr) {
-            blocks[b] = new Block(blockSize());
+            blocks[b] = Block::Create(blockSize());
         } else if (blocks[b]->count > 1) {
             Block * const copy = copyOfBlock(b, length);
             --blocks[b]->count;
@@ -576,11 +598,14 @@ template <class T> typename cow_List<T>::Range cow_List<T>::liveElements(int blo
 
 /// A new block with copies of those elements of a block whose index is below `end`.
 template <class T> typename cow_List<T>::Block * cow_List<T>::copyOfBlock(int block, int end) const {
-    auto copy = std::make_unique<Block>(blockSize());
+    std::unique_ptr<Block> copy(Block::Create(blockSize()));
     Range const live = liveElements(block);
-    Building built(copy->items + slotOf(live.first));
-    for (int i = live.first; i < std::min(live.end, end); ++i)
-        built.Add(*address(i));
+    int const firstSlot = slotOf(live.first);
+    T const * const source = blocks[block]->items + firstSlot;
+    int const count = std::min(live.end, end) - live.first;
+    Building built(copy->items + firstSlot);
+    for (int k = 0; k < count; ++k)
+        built.Add(source[k]);
     built.Keep();
     return copy.release();
 }
@@ -596,6 +621,26 @@ template <class T> void cow_List<T>::releaseBlock(int block) noexcept {
         delete blocks[block];
     }
     blocks[block] = nullptr;
+}
+
+/// Gives up all blocks of a list whose last sharer goes, then its array. It takes the fields by value, so that a list
+/// or iterator that is a local variable of the caller can stay in registers.
+template <class T>
+void cow_List<T>::discard(int length, int slotCount, int blockShift, int firstOffset, cow_Counter * arrayCount,
+                          Block ** blocks) noexcept {
+    for (int b = 0; b < slotCount; ++b) {
+        Block * const block = blocks[b];
+        if (block == nullptr || --block->count != 0)
+            continue;
+        int const base = (b << blockShift) - firstOffset;
+        T * const items = block->items;
+        int const first = std::max(-base, 0);
+        for (int slot = std::min(length - base, 1 << blockShift) - 1; slot >= first; --slot)
+            items[slot].~T();
+        delete block;
+    }
+    mem_Free(blocks);
+    delete arrayCount;
 }
 
 /// Removes the elements from `n` on, and the blocks behind the first `neededBlocks`. All that can fail is done first.

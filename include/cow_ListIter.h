@@ -19,36 +19,38 @@ public:
     }
 
     /// Goes back to the first element.
-    void First() {
-        position = list.firstOffset;
-        slot = position & (blockSize - 1);
-        loadBlock();
-    }
+    void First() { goTo(list.firstOffset); }
     /// Goes to the next element.
     void Next() {
-        ++position;
-        if (++slot == blockSize) {
-            slot = 0;
-            loadBlock();
-        }
+        if (++slot == endSlot)
+            goTo(blockPosition + slot);
     }
     /// Whether the iterator has passed the last element, and whether it has not.
-    bool IsDone() const { return position >= endPosition; }
+    bool IsDone() const { return currentBlockItems == nullptr; }
     bool NotDone() const { return !IsDone(); }
 
     /// The element and its index. There must be one (not checked).
     T const & CurrentItem() const { return currentBlockItems[slot]; }
-    int ArrayIndex() const { return position - list.firstOffset; }
+    int ArrayIndex() const { return blockPosition + slot - list.firstOffset; }
 
 private:
-    void loadBlock() { currentBlockItems = IsDone() ? nullptr : list.blocks[position >> list.blockShift]->items; }
+    /// Positions are counted as cow_List counts them.
+    void goTo(int position) {
+        slot = position & (blockSize - 1);
+        blockPosition = position - slot;
+        bool const isEnd = position >= endPosition;
+        currentBlockItems = isEnd ? nullptr : list.blocks[position >> list.blockShift]->items;
+        if (!isEnd)
+            endSlot = std::min(endPosition - blockPosition, blockSize);
+    }
 
     cow_List<T> list;
     T const * currentBlockItems = nullptr; ///< null at the end
     int endPosition;                       ///< behind the last element
     int blockSize;
-    int position = 0; ///< counted as cow_List counts its positions
-    int slot = 0;     ///< index inside the block
+    int blockPosition = 0; ///< of the block's first slot
+    int slot = 0;          ///< index inside the block
+    int endSlot = 0;       ///< behind the block's last element
 };
 
 extern template class cow_ListIter<unsigned int>;

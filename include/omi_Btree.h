@@ -24,7 +24,7 @@ template <> struct omi_BtreeAbsent<int> {
 /// node has one more child than entries, child i holding the keys before entry i and child i + 1 those behind it.
 template <class K, class V> class QVRSHPCORE_API omi_BtreeNode : public mem_AllocationOperators {
 public:
-    static constexpr int maxKeys = 15;  ///< odd: a full node splits into two halves around its middle entry
+    static constexpr int maxKeys = 15;  ///< odd: a full node can split into two halves around its middle entry
     static constexpr int maxDepth = 24; ///< more levels than a tree can have whose entries fit the address space
 
     int count = 0; ///< entries in use
@@ -44,12 +44,13 @@ public:
     /// Puts an entry at `position`, and behind it the child of the keys that follow. The node must not be full.
     void insert(int position, K && key, V && value, omi_BtreeNode * rightChild) noexcept;
 
-    /// Moves the entries behind the middle one, which stays the caller's to move up, into the empty node `right`.
-    void splitInto(omi_BtreeNode & right) noexcept;
+    /// Moves the entries of a full node behind the one at `middle`, which stays the caller's to move up, into the empty
+    /// node `right`.
+    void splitInto(omi_BtreeNode & right, int middle = maxKeys / 2) noexcept;
 };
 
-/// Ordered map with unique keys, a B-tree. Keys are ordered by `<`; moving a key or value must not raise.
-/// The tree does not own what its values point to.
+/// Ordered map with unique keys, a B-tree. Keys are ordered by `<`; moving a key or value must not raise. Keys that
+/// come in ascending order are inserted quickest, and fill the nodes. The tree does not own what its values point to.
 template <class K, class V> class QVRSHPCORE_API omi_Btree {
     static_assert(std::is_nothrow_move_assignable_v<K> && std::is_nothrow_move_assignable_v<V>);
 
@@ -130,8 +131,7 @@ void omi_BtreeNode<K, V>::insert(int position, K && key, V && value, omi_BtreeNo
     ++count;
 }
 
-template <class K, class V> void omi_BtreeNode<K, V>::splitInto(omi_BtreeNode & right) noexcept {
-    constexpr int middle = maxKeys / 2;
+template <class K, class V> void omi_BtreeNode<K, V>::splitInto(omi_BtreeNode & right, int middle) noexcept {
     for (int i = middle + 1; i < maxKeys; ++i) {
         right.keys[i - middle - 1] = std::move(keys[i]);
         right.values[i - middle - 1] = std::move(values[i]);
@@ -170,17 +170,31 @@ template <class K, class V> omi_Btree<K, V>::~omi_Btree() {
 }
 
 template <class K, class V> bool omi_Btree<K, V>::Insert(K const & key, V value) {
+    Node * last = root;
+    while (last != nullptr && !last->isLeaf())
+        last = last->children[last->count];
+    bool const isBehindAll = last != nullptr && last->keys[last->count - 1] < key;
+    if (isBehindAll && !last->isFull()) {
+        last->keys[last->count] = K(key);
+        last->values[last->count] = std::move(value);
+        ++last->count;
+        ++length;
+        return true;
+    }
+
     Step path[Node::maxDepth];
     int depth = 0;
     for (Node * node = root; node != nullptr;) {
         bool isFound = false;
-        int const position = node->Find(key, isFound);
+        int const position = isBehindAll ? node->count : node->Find(key, isFound);
         if (isFound)
             return false;
         path[depth++] = {node, position};
         node = node->children[position];
     }
 
+    // Where all further keys are to be expected behind this one, a node that splits is left as it is.
+    int const middle = isBehindAll ? Node::maxKeys - 1 : Node::maxKeys / 2;
     int splits = 0;
     while (splits < depth && path[depth - 1 - splits].node->isFull())
         ++splits;
@@ -197,8 +211,7 @@ template <class K, class V> bool omi_Btree<K, V>::Insert(K const & key, V value)
             break;
         }
         Node * const right = spareNodes.take();
-        node->splitInto(*right);
-        int const middle = node->count - 1;
+        node->splitInto(*right, middle);
         if (position <= middle)
             node->insert(position, std::move(movedKey), std::move(value), rightChild);
         else

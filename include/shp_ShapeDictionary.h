@@ -4,13 +4,17 @@
 #include "LongKey.h"
 #include "QVRShpCore_Export.h"
 #include "cow_String.h"
+#include "mem_Allocator.h"
 #include "omi_Btree.h"
 #include "omi_Singleton.h"
 #include "omn_FixedString.h"
 
+#include <deque>
+#include <memory>
+
 class aio_ostream;
+class shp_LabelIndex;
 class shp_Shape;
-struct shp_CatalogueFamily;
 
 /// The door of the library: from an element label to its key and to its shape.
 ///
@@ -32,7 +36,8 @@ public:
 
     /// The shape of `label` in upper or lower case, the same object at each call; null, and nothing reported, for a
     /// label that the catalogue does not have. Raises when memory is exhausted: then no shape was added, and the next
-    /// call tries again.
+    /// call tries again. A shape that is built already is found without an allocation, if its label has at most nine
+    /// characters.
     shp_Shape const * GetShape(cow_String const & label) const;
 
     /// The catalogue: upper-case label to LongKey const *. Walk it with omi_BtreeIterator, in ascending label order.
@@ -68,23 +73,14 @@ private:
 
     shp_ShapeDictionary();
 
-    void GenerateARSShapeKeys();
-    void GeneratePointShapeKeys();
-    void GenerateLineShapeKeys();
-    void GenerateTriShapeKeys();
-    void GenerateQuadShapeKeys();
-    void GenerateTetraShapeKeys();
-    void GeneratePyrShapeKeys();
-    void GeneratePrismShapeKeys();
-    void GenerateHexShapeKeys();
-
-    void addFamily(shp_CatalogueFamily const & family);
     void addKey(cow_String const & label, LongKey const & key);
-    void release();
+    shp_Shape const * findOrBuild(cow_String const & label) const;
 
-    omi_Btree<cow_String, void *> keys;           ///< label to LongKey *, owned
+    omi_Btree<cow_String, void *> keys;           ///< label to LongKey *, one of keyStore
     mutable omi_Btree<cow_String, void *> shapes; ///< upper-case label to shp_Shape *, owned; filled by GetShape
     mutable unsigned int nextShapeRef = 0;        ///< shapeRef of the next shape
+    std::deque<LongKey, mem_Allocator<LongKey>> keyStore; ///< only grows: a key stays where it is
+    mutable std::unique_ptr<shp_LabelIndex> builtShapes;  ///< the quick way into `shapes`, from the first shape on
 };
 
 extern template class omi_SingletonBase<shp_ShapeDictionary>;

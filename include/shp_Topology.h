@@ -31,6 +31,19 @@ using shp_PrepareCoords = void (*)(g3d_Storage *& coords, g3d_Storage const & li
 /// All values of a set of shape functions, or all its derivatives, at one isoparametric point.
 using shp_FunctionEvaluator = void (*)(float g, float h, float r, float * out);
 
+/// The point of space at `iso[3]`, from the positions of the nodes.
+using shp_PointEvaluator = g3d_Storage (*)(g3d_Storage const * coords, float const * iso);
+
+/// Derivatives of x, y, z (`sums[3][4]`, rows) with respect to g, h, r (columns 1 to 3), from the positions of the
+/// nodes.
+using shp_TangentEvaluator = void (*)(g3d_Storage const * coords, float g, float h, float r, double (*sums)[4]);
+
+/// How an iteration ends. It is unusual, and left to be done otherwise, where numbers are very large or are none.
+enum class shp_Iteration { converged, failed, unusual };
+
+/// The iteration of the inverse location, up to where it converges; `iso[3]` is where it ends.
+using shp_Locator = shp_Iteration (*)(g3d_Storage const & point, g3d_Storage const * coords, float * iso);
+
 /// What one element type is: its counts, flags, constant tables and functions. All choices by shape are made once, in
 /// the constructor; after it nothing writes to the object, and any number of threads may read it.
 ///
@@ -393,6 +406,12 @@ public:
     int numShapeFunctions = 0; ///< entries of `shapeFunctions` that may be called, at most `baseNodesPerElem`
     int numDerivatives = 0;    ///< the same for each of the derivative arrays
 
+    shp_PointEvaluator evaluatePoint = nullptr;      ///< behind InterpolatePointFromNodes; null as above
+    shp_TangentEvaluator evaluateTangents = nullptr; ///< behind ShapeFunctionJacobian; null as above
+    shp_Locator locator = nullptr; ///< behind FindIsoPointLocation; null also where values have another set
+    /// The box around the node locations; it always reaches from 1 down, and from -1 up.
+    float isoLow[3] = {1, 1, 1}, isoHigh[3] = {-1, -1, -1};
+
 private:
     struct FromOptions {};
     /// An object without tables, that can be destroyed.
@@ -408,6 +427,7 @@ private:
     void chooseWorkers();
     void keepOnePlane();
     void bindEvaluators();
+    void findIsoBounds();
     void expandForPlanes();
     void buildFaceCenterNodeWeights();
     void stackLayers();

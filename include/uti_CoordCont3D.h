@@ -60,7 +60,8 @@ private:
     };
 
     static std::size_t slot(int index) { return static_cast<std::size_t>(index); }
-    bool exists(int index) const { return index >= 0 && slot(index) < entries.size(); }
+    /// An index before the start is a slot far behind the end.
+    bool exists(int index) const { return slot(index) < entries.size(); }
 
     std::vector<Entry, mem_Allocator<Entry>> entries;
 };

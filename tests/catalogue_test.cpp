@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <map>
+#include <random>
 #include <set>
 #include <string>
 #include <tuple>
@@ -173,6 +175,37 @@ TEST_F(Catalogue, EveryLabelBecomesOneShapeNumberedByItsFirstUse) {
             EXPECT_EQ(dictionary().GetShape(unknown), nullptr);
     });
     EXPECT_EQ(built.size(), 862u);
+}
+
+TEST_F(Catalogue, AddedLabelsOfAnyBytesAndAnyNumberAreFound) {
+    // Of bytes at and beside the borders of the letters and of ASCII, more than any table has been made for.
+    constexpr char bytes[] = "AaZz@`[{M1 _\x7f\x80\xc1\xe1\xff\x01";
+    auto const toUpper = [](std::string text) {
+        for (char & c : text)
+            c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+        return text;
+    };
+    unsigned int const key[] = {shp_keyPoint, shp_keyNodes1, shp_keyIntPts1, shp_key3D};
+    std::mt19937 engine(5);
+    std::set<std::string> labels;
+    for (int i = 0; i < 6000; ++i) {
+        std::string label(engine() % 13, ' ');
+        for (char & c : label)
+            c = bytes[engine() % (i % 3 == 0 ? sizeof bytes - 1 : 12)];
+        labels.insert(label);
+        if (i % 4 != 0)
+            dictionary().BuildKey(i % 4 == 1 ? label.c_str() : toUpper(label).c_str(), 4, key);
+    }
+    std::map<std::string, shp_Shape const *> shapes;
+    for (int round = 0; round < 2; ++round)
+        for (std::string const & label : labels) {
+            std::string const name = toUpper(label);
+            shp_Shape const * const shape = dictionary().GetShape(label.c_str());
+            EXPECT_EQ(shape != nullptr, isKnown(name)) << label;
+            EXPECT_EQ(shapes.emplace(name, shape).first->second, shape) << label;
+            EXPECT_TRUE(!shape || shape->label == name.c_str()) << label;
+        }
+    EXPECT_GT(std::count_if(shapes.begin(), shapes.end(), [](auto const & entry) { return entry.second; }), 2500);
 }
 
 TEST_F(Catalogue, AShapeThatCannotBeKeptUsesUpItsNumber) {

@@ -29,15 +29,16 @@ template <class Visit> void forEachKey(int count, Order order, Visit visit) {
     }
 }
 
-/// Every leaf as deep as every other, every node but the root at least half full, no children behind the last.
-int checkedDepth(Tree::Node const * node, bool isRoot) {
+/// Every leaf as deep as every other, every node but those of the last keys at least half full, no children behind the
+/// last.
+int checkedDepth(Tree::Node const * node, bool isLast) {
     if (node == nullptr)
         return 0;
-    EXPECT_GE(node->count, isRoot ? 1 : Tree::Node::maxKeys / 2);
+    EXPECT_GE(node->count, isLast ? 1 : Tree::Node::maxKeys / 2);
     EXPECT_LE(node->count, Tree::Node::maxKeys);
     int const depth = checkedDepth(node->children[0], false);
     for (int i = 1; i <= Tree::Node::maxKeys; ++i)
-        EXPECT_EQ(checkedDepth(node->children[i], false), i <= node->count ? depth : 0);
+        EXPECT_EQ(checkedDepth(node->children[i], isLast && i == node->count), i <= node->count ? depth : 0);
     return depth + 1;
 }
 

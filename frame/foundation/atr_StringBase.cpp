@@ -1,6 +1,5 @@
 #include "atr_StringBase.h"
 
-#include "mem_Alloc.h"
 #include "mem_OutOfMemoryException.h"
 
 #include <algorithm>
@@ -8,7 +7,6 @@
 #include <climits>
 #include <cstring>
 #include <new>
-#include <utility>
 
 namespace {
 
@@ -54,11 +52,6 @@ void atr_StringBase::adopt(Representation * created) noexcept {
     text = created->bytes();
 }
 
-void atr_StringBase::release() noexcept {
-    if (representation && --representation->references == 0)
-        mem_Free(representation);
-}
-
 void atr_StringBase::unshare() {
     if (!representation || representation->references > 1)
         adopt(copyOf(text, Length(), Length()));
@@ -78,33 +71,6 @@ atr_StringBase::atr_StringBase(int number) {
 atr_StringBase::atr_StringBase(unsigned int number) {
     char digits[numberSize];
     appendBytes(digits, static_cast<int>(std::to_chars(digits, digits + numberSize, number).ptr - digits));
-}
-
-atr_StringBase::atr_StringBase(atr_StringBase const & other) noexcept
-    : text(other.text), representation(other.representation) {
-    if (representation)
-        ++representation->references;
-}
-
-atr_StringBase::atr_StringBase(atr_StringBase && other) noexcept
-    : text(std::exchange(other.text, "")), representation(std::exchange(other.representation, nullptr)) {}
-
-atr_StringBase & atr_StringBase::operator=(atr_StringBase const & other) noexcept {
-    return *this = atr_StringBase(other);
-}
-
-atr_StringBase & atr_StringBase::operator=(atr_StringBase && other) noexcept {
-    // The other text may end with this one, or be this one: it is taken out before anything is released.
-    char const * const newText = std::exchange(other.text, "");
-    Representation * const newRepresentation = std::exchange(other.representation, nullptr);
-    release();
-    text = newText;
-    representation = newRepresentation;
-    return *this;
-}
-
-atr_StringBase::~atr_StringBase() {
-    release();
 }
 
 int atr_StringBase::Compare(char const * other) const {

@@ -1,5 +1,6 @@
 #include "mem_OutOfMemoryException.h"
 
+#include "atr_ConstantText.h"
 #include "atr_translate.h"
 
 namespace {
@@ -14,7 +15,7 @@ atr_String mem_OutOfMemoryException::AsString(QVRBasStringMode mode) const {
     try {
         return atr_translate(outOfMemoryText).Result(mode);
     } catch (mem_OutOfMemoryException const &) {
-        return atr_String(atr_StringBase(atr_StringBase::Constant{outOfMemoryText}));
+        return atr_String(atr_ConstantText::of(outOfMemoryText));
     }
 }
 

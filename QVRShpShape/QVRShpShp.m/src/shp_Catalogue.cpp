@@ -1,6 +1,35 @@
 #include "shp_Catalogue.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string_view>
+
 namespace {
+
+/// The key bits of a row beyond family, counts and space.
+struct Flags {
+    static constexpr std::size_t capacity = 6;
+
+    template <class... Bit> constexpr Flags(Bit... bit) : count(sizeof...(bit)), bits{bit...} {
+        static_assert(sizeof...(bit) <= capacity);
+    }
+    constexpr shp_KeyBit const * begin() const { return bits; }
+    constexpr shp_KeyBit const * end() const { return bits + count; }
+
+    std::size_t count;
+    shp_KeyBit bits[capacity];
+};
+
+/// All labels that share a key.
+struct Row {
+    shp_KeyBit nodes;
+    shp_KeyBit points;
+    shp_KeyBit space;
+    Flags flags;
+    std::string_view labels; ///< separated by single spaces
+    int modes = 0;           ///< not 0: the labels are the bases of labels that end in a mode digit, 1 to `modes`
+};
 
 // The element types that the library knows. A row is a key and the labels that have it: nodes, integration points,
 // space of the model, every other bit of the key, the labels; behind them, where the labels end in a mode digit, the
@@ -9,7 +38,7 @@ namespace {
 
 // clang-format off
 // ARSC and AC3D8 (in rowsHex) end in a bit number 0 that means nothing: stored keys have it.
-constexpr shp_CatalogueRow rowsARS[] = {
+constexpr Row rowsARS[] = {
     {shp_keyNodes1, shp_keyIntPts1, shp_key2D, {shp_keyAxisymmetric, shp_keyArsSegments, shp_keySurface}, "ARSSS"},
     {shp_keyNodes1, shp_keyIntPts1, shp_key2D, {shp_keyArsSegments, shp_keySurface, shp_keyPlane}, "ARSSE"},
     {shp_keyNodes1, shp_keyIntPts1, shp_key3D, {shp_keyArsCylinder, shp_keySurface, shp_keyPlane, shp_keyZero}, "ARSC"},
@@ -17,7 +46,7 @@ constexpr shp_CatalogueRow rowsARS[] = {
 };
 
 // DCOUP2D, IDCOUP2D and IDCOUP2P are three-dimensional in spite of their names. CONN2D2G and CONN3D2G are single nodes.
-constexpr shp_CatalogueRow rowsPoint[] = {
+constexpr Row rowsPoint[] = {
     {shp_keyNodes1, shp_keyIntPts1, shp_key2D, {shp_keyInternal, shp_keyClassConnectorNode}, "CONN2D2G"},
     {shp_keyNodes1, shp_keyIntPts1, shp_key3D, {shp_keyInternal, shp_keyClassConnectorNode}, "CONN3D2G"},
     {shp_keyNodes1, shp_keyIntPts1, shp_key2D, {shp_keyInteraction, shp_keyPlane}, "IRSXX12"},
@@ -48,7 +77,7 @@ constexpr shp_CatalogueRow rowsPoint[] = {
     {shp_keyNodes1, shp_keyIntPts1, shp_key3D, {shp_keyInternal, shp_keyClassPipe}, "ALE3D"},
 };
 
-constexpr shp_CatalogueRow rowsLine[] = {
+constexpr Row rowsLine[] = {
     {shp_keyNodes2, shp_keyIntPts2, shp_key3D, {}, "AC1D2"},
     {shp_keyNodes2, shp_keyIntPts2, shp_key2D, {shp_keyLineInPlane, shp_keyInfinite, shp_keyPlane}, "ACIN2D2"},
     {shp_keyNodes3, shp_keyIntPts3, shp_key2D, {shp_keyLineInPlane, shp_keyInfinite, shp_keyPlane}, "ACIN2D3"},
@@ -144,7 +173,7 @@ constexpr shp_CatalogueRow rowsLine[] = {
 
 // CPEG6MT and CPEG6MHT go with CPEG6, not with CPEG6M: they lack shp_keyModified. WARP2D3 and the like are planar and
 // three-dimensional.
-constexpr shp_CatalogueRow rowsTri[] = {
+constexpr Row rowsTri[] = {
     {shp_keyNodes3, shp_keyIntPts3, shp_key2D, {shp_keyPlane}, "AC2D3"},
     {shp_keyNodes3, shp_keyIntPts3, shp_key2D, {shp_keyAxisymmetric, shp_keyNodalIntegration}, "ACAX3 DCAX3 DCAX3E"},
     {shp_keyNodes3, shp_keyIntPts3, shp_key3D, {}, "ACIN3D3"},
@@ -182,7 +211,7 @@ constexpr shp_CatalogueRow rowsTri[] = {
 
 // GPE10RHT has no leading C; CGPE10RHT is no label. Of the cylindrical surfaces only CYLSURF1 is shp_keyCylindrical.
 // LS6 and USI6O are gaskets by their key.
-constexpr shp_CatalogueRow rowsQuad[] = {
+constexpr Row rowsQuad[] = {
     {shp_keyNodes4, shp_keyIntPts4, shp_key3D, {}, "ACIN3D4 S4 S4T M3D4 SFM3D4"},
     {shp_keyNodes8, shp_keyIntPts9, shp_key3D, {}, "ACIN3D8 DS8 M3D8 SFM3D8"},
     {shp_keyNodes4, shp_keyIntPts4, shp_key2D, {shp_keyPlane},
@@ -262,7 +291,7 @@ constexpr shp_CatalogueRow rowsQuad[] = {
     {shp_keyNodes8, shp_keyIntPts4, shp_key2D, {shp_keyCaxa}, "CAXA8R CAXA8RH CAXA8RP", 4},
 };
 
-constexpr shp_CatalogueRow rowsTetra[] = {
+constexpr Row rowsTetra[] = {
     {shp_keyNodes4, shp_keyIntPts4, shp_key3D, {}, "AC3D4"},
     {shp_keyNodes4, shp_keyIntPts1, shp_key3D, {},
      "C3D4 C3D4A C3D4E Q3D4 QEC3D4 C3D4H C3D4P C3D4T C3D4PT C3D4PH C3D4PHT EMC3D4 FC3D4"},
@@ -275,13 +304,13 @@ constexpr shp_CatalogueRow rowsTetra[] = {
      "C3D10M Q3D10M C3D10MH Q3D10MH C3D10MHT C3D10MP C3D10MPT C3D10MPH C3D10MT"},
 };
 
-constexpr shp_CatalogueRow rowsPyr[] = {
+constexpr Row rowsPyr[] = {
     {shp_keyNodes5, shp_keyIntPts1, shp_key3D, {}, "FC3D5"},
     {shp_keyNodes5, shp_keyIntPts5, shp_key3D, {}, "AC3D5 C3D5 C3D5H C3D5T DC3D5"},
 };
 
 // C3D15V has 18 nodes. Of the layered prisms only mode 3 becomes a label.
-constexpr shp_CatalogueRow rowsPrism[] = {
+constexpr Row rowsPrism[] = {
     {shp_keyNodes6, shp_keyIntPts6, shp_key3D, {}, "AC3D6"},
     {shp_keyNodes6, shp_keyIntPts2, shp_key3D, {},
      "C3D6 C3D6A C3D6E Q3D6 QEC3D6 C3D6H C3D6P C3D6PH C3D6T C3D6HT C3D6PT C3D6PHT EMC3D6"},
@@ -303,7 +332,7 @@ constexpr shp_CatalogueRow rowsPrism[] = {
 };
 
 // C3D8S and the like integrate eight nodes by the 27-point rule.
-constexpr shp_CatalogueRow rowsHex[] = {
+constexpr Row rowsHex[] = {
     {shp_keyNodes8, shp_keyIntPts8, shp_key3D, {shp_keyZero}, "AC3D8"},
     {shp_keyNodes8, shp_keyIntPts8, shp_key3D, {},
      "C3D8 C3D8A C3D8E Q3D8 Q3D8H C3D8H C3D8HT C3D8I CSS8 C3D8IH C3D8P C3D8PH C3D8PHT C3D8T C3D8PT DCC3D8 DCC3D8D "
@@ -339,26 +368,106 @@ constexpr shp_CatalogueRow rowsHex[] = {
 };
 // clang-format on
 
-constexpr bool labelsFit(std::span<shp_CatalogueRow const> rows) {
-    for (shp_CatalogueRow const & row : rows)
-        for (std::string_view rest = row.labels; !rest.empty();)
-            if (shp_takeLabel(rest).size() + (row.modes != 0 ? 1 : 0) >= shp_labelCapacity)
-                return false;
-    return true;
+/// All rows of one shape family.
+struct Family {
+    shp_KeyBit shape;
+    std::span<Row const> rows;
+};
+
+constexpr Family families[] = {
+    {shp_keyARS, rowsARS},     {shp_keyPoint, rowsPoint}, {shp_keyLine, rowsLine},
+    {shp_keyTri, rowsTri},     {shp_keyQuad, rowsQuad},   {shp_keyTetra, rowsTetra},
+    {shp_keyPyramid, rowsPyr}, {shp_keyPrism, rowsPrism}, {shp_keyHex, rowsHex},
+};
+
+constexpr LongKey keyOf(Family const & family, Row const & row) {
+    LongKey key;
+    auto const add = [&key](shp_KeyBit bit) {
+        auto const number = static_cast<unsigned int>(bit);
+        key.setBits(1, &number);
+    };
+    for (shp_KeyBit const bit : {family.shape, row.nodes, row.points, row.space})
+        add(bit);
+    for (shp_KeyBit const bit : row.flags)
+        add(bit);
+    return key;
 }
 
-constexpr shp_CatalogueFamily family(shp_KeyBit shape, std::span<shp_CatalogueRow const> rows) {
-    return {shape, labelsFit(rows) ? rows : throw "a label is too long"};
+/// Takes the next label off the front of a row's `labels`.
+constexpr std::string_view takeLabel(std::string_view & labels) {
+    std::string_view const label = labels.substr(0, labels.find(' '));
+    labels.remove_prefix(label.size() < labels.size() ? label.size() + 1 : label.size());
+    return label;
 }
+
+/// Calls `visit(label, modeDigit, key)` for all labels, row by row; the digit is 0 where the label has none behind it.
+template <class Visit> constexpr void forEachLabel(Visit visit) {
+    for (Family const & family : families)
+        for (Row const & row : family.rows) {
+            LongKey const key = keyOf(family, row);
+            for (std::string_view rest = row.labels; !rest.empty();) {
+                std::string_view const label = takeLabel(rest);
+                if (row.modes == 0)
+                    visit(label, '\0', key);
+                else
+                    shp_forEachMode(key, row.modes, [&](int mode, LongKey const & keyOfMode) {
+                        visit(label, static_cast<char>('0' + mode), keyOfMode);
+                    });
+            }
+        }
+}
+
+constexpr std::size_t labelCount() {
+    std::size_t count = 0;
+    forEachLabel([&](std::string_view, char, LongKey const &) { ++count; });
+    return count;
+}
+
+using Entries = std::array<shp_CatalogueEntry, labelCount()>;
+
+/// Numbers in the order of the texts that they stand for.
+struct Rank {
+    std::uint64_t first, rest; ///< the bytes of the label, the first one on top
+    std::size_t index;
+
+    constexpr bool operator<(Rank const & other) const {
+        return first < other.first || (first == other.first && rest < other.rest);
+    }
+};
+
+constexpr Rank rankOf(shp_CatalogueEntry const & entry, std::size_t index) {
+    Rank rank = {0, 0, index};
+    for (std::size_t i = 0; i < 8; ++i) {
+        rank.first = rank.first << 8 | static_cast<unsigned char>(entry.label[i]);
+        rank.rest = rank.rest << 8 | static_cast<unsigned char>(i + 8 < sizeof entry.label ? entry.label[i + 8] : '\0');
+    }
+    return rank;
+}
+
+constexpr Entries sortedEntries() {
+    Entries entries = {};
+    std::array<Rank, labelCount()> ranks = {};
+    std::size_t count = 0;
+    forEachLabel([&](std::string_view label, char modeDigit, LongKey const & key) {
+        shp_CatalogueEntry & entry = entries[count];
+        std::size_t const length = label.size() + (modeDigit != '\0' ? 1 : 0);
+        if (length >= sizeof entry.label)
+            throw "a label is too long";
+        std::copy(label.begin(), label.end(), entry.label);
+        entry.label[label.size()] = modeDigit;
+        entry.key = key;
+        ranks[count] = rankOf(entry, count);
+        ++count;
+    });
+    std::sort(ranks.begin(), ranks.end());
+    Entries sorted = {};
+    for (std::size_t i = 0; i < count; ++i)
+        sorted[i] = entries[ranks[i].index];
+    return sorted;
+}
+
+constexpr Entries entries = sortedEntries();
 
 } // namespace
 
-constexpr shp_CatalogueFamily shp_catalogueARS = family(shp_keyARS, rowsARS);
-constexpr shp_CatalogueFamily shp_cataloguePoint = family(shp_keyPoint, rowsPoint);
-constexpr shp_CatalogueFamily shp_catalogueLine = family(shp_keyLine, rowsLine);
-constexpr shp_CatalogueFamily shp_catalogueTri = family(shp_keyTri, rowsTri);
-constexpr shp_CatalogueFamily shp_catalogueQuad = family(shp_keyQuad, rowsQuad);
-constexpr shp_CatalogueFamily shp_catalogueTetra = family(shp_keyTetra, rowsTetra);
-constexpr shp_CatalogueFamily shp_cataloguePyr = family(shp_keyPyramid, rowsPyr);
-constexpr shp_CatalogueFamily shp_cataloguePrism = family(shp_keyPrism, rowsPrism);
-constexpr shp_CatalogueFamily shp_catalogueHex = family(shp_keyHex, rowsHex);
+constexpr std::span<shp_CatalogueEntry const> shp_catalogue = entries;

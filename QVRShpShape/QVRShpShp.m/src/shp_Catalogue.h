@@ -1,60 +1,34 @@
 #ifndef shp_Catalogue_h
 #define shp_Catalogue_h
 
+#include "LongKey.h"
 #include "shp_KeyBit.h"
 
-#include <cstddef>
+#include <algorithm>
+#include <iterator>
 #include <span>
-#include <string_view>
 
-/// The key bits of a row beyond family, counts and space.
-struct shp_CatalogueFlags {
-    static constexpr std::size_t capacity = 6;
+/// A label, in upper case, and its key.
+struct shp_CatalogueEntry {
+    char label[10];
+    LongKey key;
+};
 
-    template <class... Bit> constexpr shp_CatalogueFlags(Bit... bit) : count(sizeof...(bit)), bits{bit...} {
-        static_assert(sizeof...(bit) <= capacity);
+/// All labels, in ascending order, each once.
+extern std::span<shp_CatalogueEntry const> const shp_catalogue;
+
+/// Calls `visit(mode, key)` for the modes 1 to `modeCount`, but at most 4, with the mode's bit beside those of `base`.
+/// Layered prisms are stacked along the third coordinate alone: of them there is mode 3 only, whatever the count.
+template <class Visit> constexpr void shp_forEachMode(LongKey const & base, int modeCount, Visit visit) {
+    constexpr unsigned int modeBits[] = {shp_keyMode1, shp_keyMode2, shp_keyMode3, shp_keyMode4};
+    bool const isLayeredPrism = base.hasBit(shp_keyLayeredSolid) && base.hasBit(shp_keyPrism);
+    int const first = isLayeredPrism ? 2 : 0;
+    int const last = isLayeredPrism ? 3 : std::min(modeCount, static_cast<int>(std::size(modeBits)));
+    for (int i = first; i < last; ++i) {
+        LongKey key(base);
+        key.setBits(1, &modeBits[i]);
+        visit(i + 1, key);
     }
-    constexpr shp_KeyBit const * begin() const { return bits; }
-    constexpr shp_KeyBit const * end() const { return bits + count; }
-
-    std::size_t count;
-    shp_KeyBit bits[capacity];
-};
-
-/// All labels that share a key.
-struct shp_CatalogueRow {
-    shp_KeyBit nodes;
-    shp_KeyBit points;
-    shp_KeyBit space;
-    shp_CatalogueFlags flags;
-    std::string_view labels; ///< separated by single spaces
-    int modes = 0;           ///< not 0: the labels are the bases of labels that end in a mode digit, 1 to `modes`
-};
-
-/// All rows of one shape family, in the order of generation.
-struct shp_CatalogueFamily {
-    shp_KeyBit shape;
-    std::span<shp_CatalogueRow const> rows;
-};
-
-extern shp_CatalogueFamily const shp_catalogueARS;
-extern shp_CatalogueFamily const shp_cataloguePoint;
-extern shp_CatalogueFamily const shp_catalogueLine;
-extern shp_CatalogueFamily const shp_catalogueTri;
-extern shp_CatalogueFamily const shp_catalogueQuad;
-extern shp_CatalogueFamily const shp_catalogueTetra;
-extern shp_CatalogueFamily const shp_cataloguePyr;
-extern shp_CatalogueFamily const shp_cataloguePrism;
-extern shp_CatalogueFamily const shp_catalogueHex;
-
-/// Room for a label, its mode digit and the terminating zero; what is longer is cut.
-constexpr std::size_t shp_labelCapacity = 24;
-
-/// Takes the next label off the front of a row's `labels`.
-constexpr std::string_view shp_takeLabel(std::string_view & labels) {
-    std::string_view const label = labels.substr(0, labels.find(' '));
-    labels.remove_prefix(label.size() < labels.size() ? label.size() + 1 : label.size());
-    return label;
 }
 
 #endif

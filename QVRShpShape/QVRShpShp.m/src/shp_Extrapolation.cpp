@@ -4,11 +4,11 @@
 #include "shp_MessageTypes.h"
 #include "shp_TableMemory.h"
 #include "shp_Topology.h"
+#include "shp_WeightedSums.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
-#include <limits>
 
 namespace {
 
@@ -16,81 +16,15 @@ std::size_t product(int a, int b) {
     return static_cast<std::size_t>(a) * static_cast<std::size_t>(b);
 }
 
-/// The nearest finite float; not-a-number stays.
-float narrow(double sum) {
-    constexpr float largest = std::numeric_limits<float>::max();
-    if (sum > static_cast<double>(largest))
-        return largest;
-    if (sum < -static_cast<double>(largest))
-        return -largest;
-    return static_cast<float>(sum);
-}
-
-/// What the sums over the integration points of one element have in common.
-struct PointSums {
-    float const * values;  ///< [numPoints][numComps]
-    float const * weights; ///< [rows][numPoints]
-    float * out;           ///< [rows][numComps]
-    int numPoints;
-    int numComps;
-};
-
-/// A tile of `Rows` times `Comps` sums, side by side: each product in float, each sum in double over the points in
-/// order.
-template <int Rows, int Comps> void sumTile(PointSums const & s, int row, int comp) {
-    double sum[Rows][Comps] = {};
-    float const * value = s.values + comp;
-    float const * weight = s.weights + product(row, s.numPoints);
-    for (int point = 0; point < s.numPoints; ++point, value += s.numComps, ++weight)
-        for (int i = 0; i < Rows; ++i)
-            for (int c = 0; c < Comps; ++c) {
-                float const share = value[c] * weight[i * s.numPoints];
-                sum[i][c] += static_cast<double>(share);
-            }
-    float * const out = s.out + product(row, s.numComps) + comp;
-    for (int i = 0; i < Rows; ++i)
-        for (int c = 0; c < Comps; ++c)
-            out[i * s.numComps + c] = narrow(sum[i][c]);
-}
-
-/// One component, four rows side by side.
-void sumComponent(PointSums const & s, int numRows, int comp) {
-    int row = 0;
-    for (; row + 4 <= numRows; row += 4)
-        sumTile<4, 1>(s, row, comp);
-    for (; row < numRows; ++row)
-        sumTile<1, 1>(s, row, comp);
-}
-
-/// All components, four side by side as long as there are four.
-void sumComponents(PointSums const & s, int numRows) {
-    int comp = 0;
-    for (; comp + 4 <= s.numComps; comp += 4)
-        for (int row = 0; row < numRows; ++row)
-            sumTile<1, 4>(s, row, comp);
-    for (; comp < s.numComps; ++comp)
-        sumComponent(s, numRows, comp);
-}
-
-/// Float sums over the points in order, `out[numRows][numComps]`; too large a sum is infinite.
-void sumInFloat(PointSums const & s, int numRows) {
-    for (int row = 0; row < numRows; ++row)
-        for (int comp = 0; comp < s.numComps; ++comp) {
-            float sum = 0;
-            for (int point = 0; point < s.numPoints; ++point)
-                sum += s.values[product(point, s.numComps) + static_cast<std::size_t>(comp)] *
-                       s.weights[product(row, s.numPoints) + static_cast<std::size_t>(point)];
-            s.out[product(row, s.numComps) + static_cast<std::size_t>(comp)] = sum;
-        }
-}
+// Functions of their own: in line, they would cost the sums over integration points the registers that they use.
 
 /// The one point's components for each of `numRows`.
-void repeatPoint(float const * values, int numRows, int numComps, float * out) {
+[[gnu::noinline]] void repeatPoint(float const * values, int numRows, int numComps, float * out) {
     for (int row = 0; row < numRows; ++row)
         out = std::copy_n(values, numComps, out);
 }
 
-void zero(float * out, int numRows, int numComps) {
+[[gnu::noinline]] void zero(float * out, int numRows, int numComps) {
     std::fill_n(out, product(numRows, numComps), 0.0f);
 }
 
@@ -124,7 +58,7 @@ void shp_Topology::StdExtrapToNodes(float const * values, res_OutputPositionEnm 
     switch (position) {
     case res_OutputPosition_INTEGRATION_POINT:
         if (hasOutput && nodeWeights)
-            sumComponents({values, nodeWeights, nodal, baseIntPtsPerElem, numComps}, baseNodesPerElem);
+            shp_sumInDouble(values, nodeWeights, nodal, baseNodesPerElem, baseIntPtsPerElem, numComps);
         else if (hasOutput)
             zero(nodal, baseNodesPerElem, numComps);
         break;
@@ -150,13 +84,13 @@ void shp_Topology::ExtrapolateToFaces(float const * values, res_OutputPositionEn
     switch (position) {
     case res_OutputPosition_INTEGRATION_POINT:
         if (hasOutput && faceWeights)
-            sumInFloat({values, faceWeights, faceValues, baseIntPtsPerElem, numComps}, numFacesPerElem);
+            shp_sumInFloat(values, faceWeights, faceValues, numFacesPerElem, baseIntPtsPerElem, numComps);
         else if (hasOutput)
             zero(faceValues, numFacesPerElem, numComps);
         break;
     case res_OutputPosition_ELEMENT_NODAL:
         if (hasOutput)
-            sumInFloat({values, faceCenterNodeWeights, faceValues, baseNodesPerElem, numComps}, numFacesPerElem);
+            shp_sumInFloat(values, faceCenterNodeWeights, faceValues, numFacesPerElem, baseNodesPerElem, numComps);
         break;
     case res_OutputPosition_WHOLE_ELEMENT:
     case res_OutputPosition_ELEMENT_CENTROID:
@@ -172,16 +106,9 @@ void shp_Topology::ExtrapolateToFaces(float const * values, res_OutputPositionEn
 
 /// The table is read straight through, also where its own row is wider or narrower than the face's point count.
 void shp_Topology::ExtrapolateFromFaceIntPtsToFaceNodes(float const * values, float * faceNodal, int face) const {
-    float const * weight = shp_InterpolationTables::getFacialNdWghtTblPtr(options, face);
-    if (!weight || !baseNodesPerFaceTbl || !intPtsPerFaceTbl)
-        return;
-    int const numPoints = intPtsPerFaceTbl[face];
-    for (int node = 0; node < baseNodesPerFaceTbl[face]; ++node) {
-        float sum = 0;
-        for (int point = 0; point < numPoints; ++point)
-            sum += values[point] * *weight++;
-        faceNodal[node] = sum;
-    }
+    float const * const weights = shp_InterpolationTables::getFacialNdWghtTblPtr(options, face);
+    if (weights && baseNodesPerFaceTbl && intPtsPerFaceTbl)
+        shp_sumInFloat(values, weights, faceNodal, baseNodesPerFaceTbl[face], intPtsPerFaceTbl[face], 1);
 }
 
 void shp_Topology::CaxaExtrapToNodes(float const * values, res_OutputPositionEnm position, float * nodal,

@@ -6,19 +6,37 @@
 #include "uti_CoordCont3D.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstring>
 
 namespace {
 
-g3d_Vector unit(float const (&direction)[3]) {
-    g3d_Vector vector(direction[0], direction[1], direction[2]);
-    vector.Normalize();
-    return vector;
+/// Two numbers side by side. Divisions are what a normal costs, and a pair takes no longer than one.
+using Pair = double __attribute__((vector_size(16)));
+using FloatPair = float __attribute__((vector_size(8)));
+
+FloatPair narrow(Pair pair) {
+    return __builtin_convertvector(pair, FloatPair);
 }
 
-g3d_Vector unitDifference(uti_CoordCont3D const & coords, int to, int from) {
-    uti_Coord3D const a = coords[to], b = coords[from];
-    return unit({a[0] - b[0], a[1] - b[1], a[2] - b[2]});
+/// What a vector of this squared length is divided by to have length 1; the zero vector stays zero.
+double divisor(double squaredLength) {
+    return squaredLength == 0 ? 1 : std::sqrt(squaredLength);
 }
+
+/// Two directions of length 1, each as g3d_Vector::Normalize makes it.
+struct UnitDirections {
+    g3d_Vector first, second;
+
+    UnitDirections(float const (&a)[3], float const (&b)[3]) {
+        Pair const x = {a[0], b[0]}, y = {a[1], b[1]}, z = {a[2], b[2]};
+        Pair const squares = x * x + y * y + z * z;
+        Pair const divisors = {divisor(squares[0]), divisor(squares[1])};
+        FloatPair const unitX = narrow(x / divisors), unitY = narrow(y / divisors), unitZ = narrow(z / divisors);
+        first = {unitX[0], unitY[0], unitZ[0]};
+        second = {unitX[1], unitY[1], unitZ[1]};
+    }
+};
 
 /// The normal to two tangents: their vector product in space; in a plane only the side to which they turn, which is the
 /// upper one for tangents without length or along each other.
@@ -29,20 +47,25 @@ g3d_Vector normalTo(g3d_Vector const & t1, g3d_Vector const & t2, int numSpatial
     return {t1.Y() * t2.Z() - t2.Y() * t1.Z(), t2.X() * t1.Z() - t2.Z() * t1.X(), z};
 }
 
-void storeUnit(g3d_Vector vector, float * out) {
-    vector.Normalize();
-    out[0] = vector.X();
-    out[1] = vector.Y();
-    out[2] = vector.Z();
+/// At length 1, as g3d_Vector::Normalize makes it. Stored as callers read it, in a pair and one: to read in pairs what
+/// was stored singly takes longer.
+void storeUnit(g3d_Vector const & vector, float * out) {
+    double const x = vector.X(), y = vector.Y(), z = vector.Z();
+    double const length = divisor(x * x + y * y + z * z);
+    FloatPair const unitXY = narrow(Pair{x, y} / Pair{length, length});
+    std::memcpy(out, &unitXY, sizeof unitXY);
+    out[2] = static_cast<float>(z / length);
 }
 
 /// True unless, somewhere around the face, a label differs from the next one and that one from the one after it. The
 /// first and the third may be the same: a face of labels 5, 6, 5 is sound.
 bool hasCollapsed(int const * conn, int numNodes) {
-    for (int i = 0; i < numNodes; ++i) {
-        int const middle = conn[(i + 1) % numNodes];
-        if (conn[i] != middle && middle != conn[(i + 2) % numNodes])
+    int first = conn[numNodes - 2], middle = conn[numNodes - 1];
+    for (int const * last = conn; last != conn + numNodes; ++last) {
+        if (first != middle && middle != *last)
             return false;
+        first = middle;
+        middle = *last;
     }
     return true;
 }
@@ -121,7 +144,8 @@ int shp_Topology::ComputeFaceNormal(int const * conn, int face, uti_CoordCont3D 
 
     float t1[3], t2[3];
     faceTangents(coords, static_cast<unsigned int>(face), t1, t2);
-    storeUnit(normalTo(unit(t1), unit(t2), numSpatialDimensions), normal);
+    UnitDirections const tangents(t1, t2);
+    storeUnit(normalTo(tangents.first, tangents.second, numSpatialDimensions), normal);
     return 0;
 }
 
@@ -141,8 +165,10 @@ int shp_Topology::ComputeFaceNormal(int const * conn, int face, int faceNode, ut
         if (!corners.areOnFace || !corners.have(faceNode))
             continue;
         auto const & [a, b, c] = corners.places;
-        g3d_Vector const t1 = unitDifference(coords, b, a), t2 = unitDifference(coords, c, a);
-        g3d_Vector const part = normalTo(t1, t2, numSpatialDimensions);
+        uti_Coord3D const origin = coords[a], toFirst = coords[b], toSecond = coords[c];
+        UnitDirections const sides({toFirst[0] - origin[0], toFirst[1] - origin[1], toFirst[2] - origin[2]},
+                                   {toSecond[0] - origin[0], toSecond[1] - origin[1], toSecond[2] - origin[2]});
+        g3d_Vector const part = normalTo(sides.first, sides.second, numSpatialDimensions);
         sum.Set(sum.X() + part.X(), sum.Y() + part.Y(), sum.Z() + part.Z());
         hasTriangle = true;
     }

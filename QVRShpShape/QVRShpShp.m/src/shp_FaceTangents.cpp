@@ -57,19 +57,31 @@ constexpr FaceKinds FaceTanWedge15Cyl     = {2, {{1, 0}, {2, 0}}, {{5, 7}, {6, 4
 constexpr FaceKinds FaceTanPyramid        = {1, {{2, 0}, {3, 1}}, {{1, 0}, {2, 0}}};
 // clang-format on
 
+/// A node's position, one variable for each coordinate: what is stored singly and read back in pairs is slow.
+struct Position {
+    float x, y, z;
+    Position(uti_CoordCont3D const & coords, int node) { coords.GetCoord(node, x, y, z); }
+};
+
 void difference(uti_CoordCont3D const & coords, Difference nodes, float * out) {
-    uti_Coord3D const to = coords[nodes.to], from = coords[nodes.from];
-    for (int axis = 0; axis < 3; ++axis)
-        out[axis] = to[axis] - from[axis];
+    Position const to(coords, nodes.to), from(coords, nodes.from);
+    out[0] = to.x - from.x;
+    out[1] = to.y - from.y;
+    out[2] = to.z - from.z;
 }
 
 /// Three times the derivatives of the quadratic triangle at its centre: corners 0, 1, 2, midside nodes 3, 4, 5.
 void quadraticTangents(uti_CoordCont3D const & coords, float * t1, float * t2) {
-    uti_Coord3D const c0 = coords[0], c1 = coords[1], c2 = coords[2], c3 = coords[3], c4 = coords[4], c5 = coords[5];
-    for (int axis = 0; axis < 3; ++axis) {
-        t1[axis] = 4 * c4[axis] + c1[axis] - 4 * c5[axis] - c0[axis];
-        t2[axis] = 4 * c4[axis] + c2[axis] - 4 * c3[axis] - c0[axis];
-    }
+    Position const c0(coords, 0), c1(coords, 1), c2(coords, 2), c3(coords, 3), c4(coords, 4), c5(coords, 5);
+    auto const slope = [](float middle, float corner, float otherMiddle, float origin) {
+        return 4 * middle + corner - 4 * otherMiddle - origin;
+    };
+    t1[0] = slope(c4.x, c1.x, c5.x, c0.x);
+    t1[1] = slope(c4.y, c1.y, c5.y, c0.y);
+    t1[2] = slope(c4.z, c1.z, c5.z, c0.z);
+    t2[0] = slope(c4.x, c2.x, c3.x, c0.x);
+    t2[1] = slope(c4.y, c2.y, c3.y, c0.y);
+    t2[2] = slope(c4.z, c2.z, c3.z, c0.z);
 }
 
 /// The function of one row above.

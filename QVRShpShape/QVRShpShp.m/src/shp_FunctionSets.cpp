@@ -48,14 +48,9 @@ constexpr shp_Choice<shp_SetPair> lineSets[] = {
     {.result = {&setOf<Line3>, &setOf<Line3>}},
 };
 
-constexpr shp_FunctionSet const * allSets[] = {
-    &setOf<Point1>,        &setOf<Line2>,         &setOf<Line3>,       &setOf<Tri3>,        &setOf<Tri6>,
-    &setOf<Quad4>,         &setOf<QuadCohesive4>, &setOf<QuadGasket4>, &setOf<Quad6>,       &setOf<QuadCohesive6>,
-    &setOf<QuadGasket6>,   &setOf<QuadPipeSoil6>, &setOf<Quad8>,       &setOf<Quad9>,       &setOf<QuadInfinite4>,
-    &setOf<QuadInfinite5>, &setOf<Tetra4>,        &setOf<Tetra10>,     &setOf<Hex8>,        &setOf<Hex12>,
-    &setOf<Hex20>,         &setOf<Hex24>,         &setOf<Hex27>,       &setOf<HexGasket18>, &setOf<HexInfinite8>,
-    &setOf<HexInfinite12>, &setOf<HexInfinite18>, &setOf<Prism6>,      &setOf<Prism9>,      &setOf<Prism12>,
-    &setOf<Prism15>,       &setOf<Prism18Cyl>,    &setOf<Prism18>,     &setOf<Pyramid5>,
+template <class Sets> struct PointersTo;
+template <class... Of> struct PointersTo<SetList<Of...>> {
+    static constexpr shp_FunctionSet const * all[] = {&setOf<Of>...};
 };
 
 } // namespace
@@ -81,7 +76,8 @@ shp_FunctionSet const * shp_derivativeSet(shp_Options const & options) {
 }
 
 shp_FunctionSetList shp_allFunctionSets() {
-    return {allSets, static_cast<int>(std::size(allSets))};
+    using Sets = PointersTo<AllSets>;
+    return {Sets::all, static_cast<int>(std::size(Sets::all))};
 }
 
 shp_ShapeFunction const * shp_functionsOf(shp_FunctionSet const * set) {

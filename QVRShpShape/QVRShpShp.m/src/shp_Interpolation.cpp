@@ -1,11 +1,14 @@
 // From isoparametric coordinates to weights, positions, values and Jacobians.
 
 #include "g3d_Point.h"
+#include "shp_Location.h"
 #include "shp_TableMemory.h"
 #include "shp_Topology.h"
 #include "uti_CoordCont3D.h"
 
 #include <algorithm>
+#include <limits>
+#include <type_traits>
 
 namespace {
 
@@ -43,9 +46,11 @@ void slopesAt(shp_Topology const & t, float g, float h, float r, float * out) {
     }
 }
 
-/// Derivatives of x, y, z with respect to g, h, r.
+/// Derivatives of x, y, z with respect to g, h, r: columns 1 to 3.
 template <class Real> struct Tangents {
-    Real d[3][maxDirections] = {};
+    Real d[3][1 + maxDirections] = {};
+
+    Real const & of(int row, int direction) const { return d[row][1 + direction]; }
 };
 
 /// Sums in node order, at the precision of the node positions.
@@ -56,41 +61,31 @@ Tangents<Real> sumTangents(Position const * coords, float const * derivatives, i
         Real const x = coords[i].X(), y = coords[i].Y(), z = coords[i].Z();
         for (int k = 0; k < numDirections; ++k) {
             Real const slope = derivatives[k * numNodes + i];
-            sum.d[0][k] += slope * x;
-            sum.d[1][k] += slope * y;
-            sum.d[2][k] += slope * z;
+            sum.d[0][1 + k] += slope * x;
+            sum.d[1][1 + k] += slope * y;
+            sum.d[2][1 + k] += slope * z;
         }
     }
     return sum;
 }
 
-/// The unit direction that completes the two tangents of a surface.
-template <class Real> int completingAxis(Tangents<Real> const & t) {
-    auto const & [x, y, z] = t.d;
-    if (y[1] * x[0] - x[1] * y[0] != 0)
-        return 2;
-    if (z[1] * x[0] - x[1] * z[0] != 0)
-        return 1;
-    return 0;
-}
-
 /// The first coordinate that varies along a line; z when none does.
 template <class Real> int varyingAxis(Tangents<Real> const & t) {
-    if (t.d[0][0] != 0)
+    if (t.of(0, 0) != 0)
         return 0;
-    return t.d[1][0] != 0 ? 1 : 2;
+    return t.of(1, 0) != 0 ? 1 : 2;
 }
 
 template <class Real> void store(Tangents<Real> const & t, int numDirections, g3d_XForm & jacobian) {
     for (int row = 0; row < 3; ++row)
         for (int column = 0; column < numDirections; ++column)
-            jacobian.M(row, column) = static_cast<float>(t.d[row][column]);
+            jacobian.M(row, column) = static_cast<float>(t.of(row, column));
 }
 
 /// A surface's two tangents and the unit direction that completes them.
 template <class Real> void storeSurface(Tangents<Real> const & t, g3d_XForm & jacobian) {
     store(t, 2, jacobian);
-    int const axis = completingAxis(t);
+    int const axis = shp_completingAxis(t.of(0, 0), t.of(0, 1), t.of(1, 0), t.of(1, 1), t.of(2, 0), t.of(2, 1));
     for (int row = 0; row < 3; ++row)
         jacobian.M(row, 2) = row == axis ? 1.0f : 0.0f;
 }
@@ -102,7 +97,21 @@ template <class Real> void storeLine(Tangents<Real> const & t, g3d_XForm & jacob
     jacobian.M(0, 0) = 0;
     jacobian.M(axis, axis) = 0;
     jacobian.M(0, axis) = 1;
-    jacobian.M(axis, 0) = static_cast<float>(t.d[axis][0]);
+    jacobian.M(axis, 0) = static_cast<float>(t.of(axis, 0));
+}
+
+/// The tangents at one point, from positions in double as the set of functions has them in one pass.
+template <class Real, class Position>
+Tangents<Real> tangentsAt(shp_Topology const & t, Position const * coords, float g, float h, float r) {
+    if constexpr (std::is_same_v<Position, g3d_Storage>)
+        if (t.evaluateTangents) {
+            Tangents<Real> tangents;
+            t.evaluateTangents(coords, g, h, r, tangents.d);
+            return tangents;
+        }
+    float derivatives[maxDirections * maxNodes];
+    slopesAt(t, g, h, r, derivatives);
+    return sumTangents<Real>(coords, derivatives, t.baseNodesPerElem, t.numGeometryDimensions);
 }
 
 template <class Real, class Position>
@@ -113,15 +122,13 @@ g3d_XForm jacobianAt(shp_Topology const & t, Position const * coords, float cons
         return jacobian;
     float const h = dimensions >= 2 ? iso[1] : 0.0f;
     float const r = dimensions == 3 ? iso[2] : 0.0f;
-
-    float derivatives[maxDirections * maxNodes];
-    slopesAt(t, iso[0], h, r, derivatives);
+    Tangents<Real> const tangents = tangentsAt<Real>(t, coords, iso[0], h, r);
     if (dimensions == 3)
-        store(sumTangents<Real>(coords, derivatives, t.baseNodesPerElem, 3), 3, jacobian);
+        store(tangents, 3, jacobian);
     else if (dimensions == 2)
-        storeSurface(sumTangents<Real>(coords, derivatives, t.baseNodesPerElem, 2), jacobian);
+        storeSurface(tangents, jacobian);
     else
-        storeLine(sumTangents<Real>(coords, derivatives, t.baseNodesPerElem, 1), jacobian);
+        storeLine(tangents, jacobian);
     return jacobian;
 }
 
@@ -135,6 +142,33 @@ struct PositionSum {
         x += weight * nodeX;
         y += weight * nodeY;
         z += weight * nodeZ;
+    }
+};
+
+/// Adds up positions of nodes in float, without a node at exactly the place of the node before it.
+struct DistinctNodes {
+    float x = 0, y = 0, z = 0;
+    int count = 0;
+
+    /// Node i is entry `entryOf(i)`. Few nodes have the x of the node before; only of these is more compared.
+    template <class EntryOf> void add(uti_CoordCont3D const & coords, int numNodes, EntryOf entryOf) {
+        float lastX = std::numeric_limits<float>::quiet_NaN();
+        count = numNodes;
+        for (int i = 0; i < numNodes; ++i) {
+            float nodeX, nodeY, nodeZ;
+            coords.GetCoord(entryOf(i), nodeX, nodeY, nodeZ);
+            if (nodeX == lastX) [[unlikely]] {
+                uti_Coord3D const before = coords[entryOf(i - 1)];
+                if (nodeY == before[1] && nodeZ == before[2]) {
+                    --count;
+                    continue;
+                }
+            }
+            x += nodeX;
+            y += nodeY;
+            z += nodeZ;
+            lastX = nodeX;
+        }
     }
 };
 
@@ -210,8 +244,10 @@ float shp_Topology::dUdRValue(int node, float g, float h, float r) const {
 }
 
 g3d_Storage shp_Topology::InterpolatePointFromNodes(g3d_Storage const * coords, float const * iso) const {
+    if (evaluatePoint)
+        return evaluatePoint(coords, iso);
     float weights[maxNodes];
-    CalculateNodesShapeWeight(iso, weights);
+    valuesAt(*this, iso[0], iso[1], iso[2], weights);
     double x = 0, y = 0, z = 0;
     for (int i = 0; i < baseNodesPerElem; ++i) {
         double const weight = weights[i];
@@ -244,25 +280,13 @@ g3d_XForm shp_Topology::ShapeFunctionJacobian(g3d_Point const * coords, float * 
 
 void shp_Topology::Centroid(int const * conn, uti_CoordCont3D const & coords, uti_CoordCont3D & centroid,
                             bool useConnectivity) const {
-    float sumX = 0, sumY = 0, sumZ = 0;
-    float lastX = 0, lastY = 0, lastZ = 0;
-    int numCounted = 0;
-    for (int i = 0; i < baseNodesPerElem; ++i) {
-        float x, y, z;
-        coords.GetCoord(useConnectivity ? conn[i] : i, x, y, z);
-        bool const isRepeat = i > 0 && x == lastX && y == lastY && z == lastZ;
-        if (!isRepeat) {
-            sumX += x;
-            sumY += y;
-            sumZ += z;
-            ++numCounted;
-        }
-        lastX = x;
-        lastY = y;
-        lastZ = z;
-    }
-    float const factor = 1.0f / static_cast<float>(numCounted);
-    centroid.SetCoord(0, sumX * factor, sumY * factor, sumZ * factor);
+    DistinctNodes nodes;
+    if (useConnectivity)
+        nodes.add(coords, baseNodesPerElem, [conn](int i) { return conn[i]; });
+    else
+        nodes.add(coords, baseNodesPerElem, [](int i) { return i; });
+    float const factor = 1.0f / static_cast<float>(nodes.count);
+    centroid.SetCoord(0, nodes.x * factor, nodes.y * factor, nodes.z * factor);
 }
 
 void shp_Topology::IntPtCoord(uti_CoordCont3D const & coords, int const * conn, uti_CoordCont3D & intPoints,

@@ -1,5 +1,6 @@
 // The inverse problems of an element: where a point of space lies in it, and where a line meets it.
 
+#include "shp_Location.h"
 #include "g3d_GeomUtils.h"
 #include "shp_LineWorkers.h"
 #include "shp_Topology.h"
@@ -9,19 +10,10 @@
 
 namespace {
 
-/// Factor on the Jacobian's size at the start beyond which the iteration has run away.
-constexpr float growthLimit = 1000.0f;
-/// Determinants below this are singular, whatever the unit of length.
-constexpr double singularLimit = 1e-10;
-/// How well the rows that an update leaves out must agree with it.
-constexpr double consistencyLimit = 1e-10;
-/// Length of an update with which the iteration has converged.
-constexpr double stepLimit = 0.0005;
 /// How far a converged point may lie beyond the node locations as it stands, in each coordinate.
 constexpr double boundSlack = 1e-5;
 /// How far it may lie beyond them in all to be accepted on them.
 constexpr double overshootLimit = 0.0005;
-constexpr int maxUpdates = 100;
 
 /// Parameters of a line within this of its start are at the start.
 constexpr double parameterTolerance = 1e-5;
@@ -98,7 +90,7 @@ bool updateSurface(g3d_XForm & jacobian, double const (&d)[3], float const (&old
         return false;
     moveByInverse(jacobian, d, 2, iso);
     float const predicted = (iso[0] - old[0]) * a + (iso[1] - old[1]) * b;
-    return std::fabs(double{predicted} - d[out]) < consistencyLimit;
+    return std::fabs(double{predicted} - d[out]) < shp_consistencyLimit;
 }
 
 /// The row with the element's own direction, and without a 1 of the others; -1 when there is none.
@@ -116,7 +108,7 @@ bool updateLine(g3d_XForm const & jacobian, double const (&d)[3], float const (&
     iso[0] -= static_cast<float>(d[along] * (1.0 / double{jacobian.GetM(along, 0)}));
     for (int row = 0; row < 3; ++row) {
         float const predicted = (iso[0] - old[0]) * jacobian.GetM(row, 0);
-        if (row != along && !(std::fabs(double{predicted} - d[row]) < consistencyLimit))
+        if (row != along && !(std::fabs(double{predicted} - d[row]) < shp_consistencyLimit))
             return false;
     }
     return true;
@@ -136,62 +128,54 @@ bool update(int dimensions, g3d_XForm & jacobian, double const (&d)[3], float co
 bool iterate(shp_Topology const & t, g3d_Storage const & point, g3d_Storage const * coords, float * iso) {
     std::fill_n(iso, 3, 0.0f);
     g3d_XForm jacobian = t.ShapeFunctionJacobian(coords, iso);
-    float const limit = growthLimit * sizeOf(jacobian);
-    for (int updates = 0; updates < maxUpdates; ++updates) {
+    float const limit = shp_growthLimit * sizeOf(jacobian);
+    for (int updates = 0; updates < shp_maxUpdates; ++updates) {
         if (updates > 0)
             jacobian = t.ShapeFunctionJacobian(coords, iso);
-        if (sizeOf(jacobian) > limit || std::fabs(jacobian.Determinant()) < singularLimit)
+        if (sizeOf(jacobian) > limit || std::fabs(jacobian.Determinant()) < shp_singularLimit)
             return false;
         g3d_Storage const reached = t.InterpolatePointFromNodes(coords, iso);
         double const d[3] = {reached.X() - point.X(), reached.Y() - point.Y(), reached.Z() - point.Z()};
         float const old[3] = {iso[0], iso[1], iso[2]};
         if (!update(t.NumGeometryDimensions(), jacobian, d, old, iso))
             return false;
-        if (distanceBetween(old, iso) < stepLimit)
+        if (distanceBetween(old, iso) < shp_stepLimit)
             return true;
     }
     return false;
 }
 
-/// The box around the node locations; it always reaches from 1 down, and from -1 up.
-struct Bounds {
-    double low[3] = {1.0, 1.0, 1.0};
-    double high[3] = {-1.0, -1.0, -1.0};
+/// The iteration, by the one of the element's set of functions where it has one.
+bool converges(shp_Topology const & t, g3d_Storage const & point, g3d_Storage const * coords, float * iso) {
+    shp_Iteration const end = t.locator ? t.locator(point, coords, iso) : shp_Iteration::unusual;
+    return end == shp_Iteration::unusual ? iterate(t, point, coords, iso) : end == shp_Iteration::converged;
+}
 
-    explicit Bounds(shp_Topology const & t) {
-        for (int i = 0; i < 3 * t.BaseNodesPerElem(); ++i) {
-            double const location = t.nodeLocationTable[i];
-            low[i % 3] = std::min(low[i % 3], location);
-            high[i % 3] = std::max(high[i % 3], location);
-        }
-    }
+/// True when a point lies in the box around the node locations.
+bool isWithinBounds(shp_Topology const & t, float const * iso) {
+    for (int c = 0; c < 3; ++c)
+        if (!(double{iso[c]} >= t.isoLow[c] - boundSlack && double{iso[c]} <= t.isoHigh[c] + boundSlack))
+            return false;
+    return true;
+}
 
-    bool hold(float const * iso) const {
-        for (int c = 0; c < 3; ++c)
-            if (!(double{iso[c]} >= low[c] - boundSlack && double{iso[c]} <= high[c] + boundSlack))
-                return false;
-        return true;
+/// Moves a point onto that box; how far in all.
+double clampToBounds(shp_Topology const & t, float * iso) {
+    double overshoot = 0.0;
+    for (int c = 0; c < 3; ++c) {
+        double const inside = std::clamp(iso[c], t.isoLow[c], t.isoHigh[c]);
+        overshoot += std::fabs(double{iso[c]} - inside);
+        iso[c] = static_cast<float>(inside);
     }
-
-    /// Moves a point onto the box; how far in all.
-    double clamp(float * iso) const {
-        double overshoot = 0.0;
-        for (int c = 0; c < 3; ++c) {
-            double const inside = std::clamp(double{iso[c]}, low[c], high[c]);
-            overshoot += std::fabs(double{iso[c]} - inside);
-            iso[c] = static_cast<float>(inside);
-        }
-        return overshoot;
-    }
-};
+    return overshoot;
+}
 
 /// A converged point inside the bounds stays as it is; another one is moved onto them, and is good if it then still
 /// is at the point, or was moved by very little.
-bool acceptWithin(Bounds const & bounds, shp_Topology const & t, g3d_Storage const & point, g3d_Storage const * coords,
-                  float * iso) {
-    if (bounds.hold(iso))
+bool acceptWithinBounds(shp_Topology const & t, g3d_Storage const & point, g3d_Storage const * coords, float * iso) {
+    if (isWithinBounds(t, iso))
         return true;
-    double const overshoot = bounds.clamp(iso);
+    double const overshoot = clampToBounds(t, iso);
     return agree(t.InterpolatePointFromNodes(coords, iso), point) || overshoot < overshootLimit;
 }
 
@@ -228,7 +212,7 @@ bool shp_Topology::FindIsoPointLocation(g3d_Storage const & point, g3d_Storage c
         GetNodeIsoCoords(node, iso);
         return true;
     }
-    return iterate(*this, point, coords, iso) && acceptWithin(Bounds(*this), *this, point, coords, iso);
+    return converges(*this, point, coords, iso) && acceptWithinBounds(*this, point, coords, iso);
 }
 
 bool shp_Topology::LineShapeIntersection(g3d_Storage const & lineStart, g3d_Storage const & lineEnd,

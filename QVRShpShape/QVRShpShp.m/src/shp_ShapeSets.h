@@ -211,6 +211,14 @@ struct Pyramid5 : Set<3, Join<Ring<l1, Bilinear>, Nodes<Apex<l2>>>> {
     static constexpr char name[] = "Pyramid5";
 };
 
+// --- all of them
+
+template <class... Of> struct SetList {};
+using AllSets = SetList<Point1, Line2, Line3, Tri3, Tri6, Quad4, QuadCohesive4, QuadGasket4, Quad6, QuadCohesive6,
+                        QuadGasket6, QuadPipeSoil6, Quad8, Quad9, QuadInfinite4, QuadInfinite5, Tetra4, Tetra10, Hex8,
+                        Hex12, Hex20, Hex24, Hex27, HexGasket18, HexInfinite8, HexInfinite12, HexInfinite18, Prism6,
+                        Prism9, Prism12, Prism15, Prism18Cyl, Prism18, Pyramid5>;
+
 } // namespace shp_shape
 
 #endif

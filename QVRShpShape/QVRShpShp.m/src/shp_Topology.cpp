@@ -6,6 +6,7 @@
 #include "shp_InterpolationTables.h"
 #include "shp_KeyBit.h"
 #include "shp_LineWorkers.h"
+#include "shp_SetOperations.h"
 #include "shp_TableMemory.h"
 
 #include <algorithm>
@@ -153,6 +154,7 @@ shp_Topology::shp_Topology(LongKey const & key) : shp_Topology(shp_Options(key),
     chooseWorkers();
     keepOnePlane();
     bindEvaluators();
+    findIsoBounds();
     if (isCaxaElement)
         expandForPlanes();
     buildFaceCenterNodeWeights();
@@ -303,13 +305,26 @@ void shp_Topology::bindEvaluators() {
     shp_FunctionSet const * const values = shp_valueSet(options);
     numShapeFunctions = usableFunctions(values, baseNodesPerElem);
     evaluateFunctions = wholeSet(values, baseNodesPerElem);
+    if (evaluateFunctions)
+        evaluatePoint = shp_operationsOf(values).point;
 
     if (!hasDerivatives)
         return;
     shp_FunctionSet const * const slopes = shp_derivativeSet(options);
     numDerivatives = usableFunctions(slopes, baseNodesPerElem);
-    if (slopes && slopes->count == baseNodesPerElem && slopes->directions == numGeometryDimensions)
+    if (slopes && slopes->count == baseNodesPerElem && slopes->directions == numGeometryDimensions) {
+        shp_SetOperations const operations = shp_operationsOf(slopes);
         evaluateDerivatives = slopes->gradient;
+        evaluateTangents = operations.tangents;
+        locator = slopes == values ? operations.locate : nullptr;
+    }
+}
+
+void shp_Topology::findIsoBounds() {
+    for (int i = 0; nodeLocationTable && i < 3 * baseNodesPerElem; ++i) {
+        isoLow[i % 3] = std::min(isoLow[i % 3], nodeLocationTable[i]);
+        isoHigh[i % 3] = std::max(isoHigh[i % 3], nodeLocationTable[i]);
+    }
 }
 
 void shp_Topology::buildFaceCenterNodeWeights() {
