@@ -408,9 +408,9 @@ public:
 
     shp_PointEvaluator evaluatePoint = nullptr;      ///< behind InterpolatePointFromNodes; null as above
     shp_TangentEvaluator evaluateTangents = nullptr; ///< behind ShapeFunctionJacobian; null as above
-    shp_Locator locator = nullptr; ///< behind FindIsoPointLocation; null also where values have another set
-    /// The box around the node locations; it always reaches from 1 down, and from -1 up.
-    float isoLow[3] = {1, 1, 1}, isoHigh[3] = {-1, -1, -1};
+    shp_Locator locator = nullptr;   ///< behind FindIsoPointLocation; null also where values have another set
+    float isoLow[3] = {1, 1, 1};     ///< low corner of the box around the node locations, 1 at most
+    float isoHigh[3] = {-1, -1, -1}; ///< its high corner, -1 at least
 
 private:
     struct FromOptions {};
