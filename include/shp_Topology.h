@@ -319,6 +319,7 @@ public:
     int numIntPtsPerElem = 0;      ///< the element's full integration point count
     int numFacesPerElem = 0;       ///< a two-dimensional element has one face
     int numFaceTriangles = 0;      ///< rows of `faceTriTbl`
+    int numTrianglePoints = 0;     ///< one more than the largest number in `faceTriTbl`
     int maxEdgesPerFace = 0;       ///< stride of the per-edge tables; a face with fewer edges keeps its empty slots
     int maxNodesPerFace = 0;       ///< stride of `faceConnTbl`
     int maxNodesPerEdge = 0;       ///< stride of `edgeConnTbl`

@@ -15,12 +15,4 @@ struct shp_SetOperations {
 /// Those of a set of the library; all null where `set` is.
 shp_SetOperations shp_operationsOf(shp_FunctionSet const * set);
 
-/// One for each of shp_shape::AllSets.
-struct shp_SetOperationTable {
-    shp_SetOperations const * operations;
-};
-
-/// For a machine with 256-bit vectors; null in a library for machines that never have them.
-extern shp_SetOperationTable const shp_wideSetOperations;
-
 #endif

@@ -232,7 +232,7 @@ template <class... Of> struct OperationsOf<shp_shape::SetList<Of...>> {
     static constexpr shp_SetOperations all[] = {operationsOf<Of>()...};
 };
 
-constexpr shp_SetOperations const * operations = OperationsOf<shp_shape::AllSets>::all;
+constexpr shp_SetOperations const * setOperations = OperationsOf<shp_shape::AllSets>::all;
 
 } // namespace
 
