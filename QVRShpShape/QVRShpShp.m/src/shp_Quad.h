@@ -153,6 +153,12 @@ struct Quad {
 
 #endif
 
+/// Four doubles from any address.
+[[gnu::always_inline]] inline Quad loadFour(void const * from) {
+    Quad four;
+    __builtin_memcpy(&four, from, sizeof four);
+    return four;
+}
 [[gnu::always_inline]] inline Quad allOf(double x) {
     return quadOf(x, x, x, x);
 }

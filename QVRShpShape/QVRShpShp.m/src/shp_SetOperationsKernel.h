@@ -10,6 +10,7 @@
 #include "shp_ShapeSets.h"
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -53,27 +54,22 @@ template <class Of>
     store(s.z + zero, sums[2]);
 }
 
-/// A point as a sum over the nodes, in node order.
-struct PointSum {
-    double x = 0, y = 0, z = 0;
-
-    [[gnu::always_inline]] void add(double weight, g3d_Storage const & node) {
-        x += weight * node.X();
-        y += weight * node.Y();
-        z += weight * node.Z();
-    }
-};
-
-template <class... Node>
-[[gnu::always_inline]] inline g3d_Storage sumPoint(Nodes<Node...>, g3d_Storage const * coords, float g, float h,
-                                                   float r) {
-    PointSum sum;
-    (sum.add(Node::value(g, h, r), *coords++), ...);
-    return {sum.x, sum.y, sum.z};
+/// The point alone, as a sum over the nodes, in node order. Lanes are x, y, z and what follows in memory, which is the
+/// next node's x: the last node is told apart.
+template <class... Node, std::size_t... I>
+[[gnu::always_inline]] inline g3d_Storage sumPoint(Nodes<Node...>, std::index_sequence<I...>,
+                                                   g3d_Storage const * coords, float g, float h, float r) {
+    constexpr std::size_t last = sizeof...(Node) - 1;
+    Quad sum = allOf(0.0);
+    ((sum = sum + allOf(Node::value(g, h, r)) *
+                      (I < last ? loadFour(coords + I) : quadOf(coords[I].X(), coords[I].Y(), coords[I].Z(), 0))),
+     ...);
+    return {lane(sum, 0), lane(sum, 1), lane(sum, 2)};
 }
 
 template <class Of> [[gnu::flatten]] g3d_Storage pointAt(g3d_Storage const * coords, float const * iso) {
-    return sumPoint(typename Of::Values(), coords, iso[0], iso[1], iso[2]);
+    return sumPoint(typename Of::Values(), std::make_index_sequence<Of::Values::count>(), coords, iso[0], iso[1],
+                    iso[2]);
 }
 
 // --- inverse location
