@@ -130,7 +130,12 @@ public:
     // Weights of nodes. Every `weights` array has BaseNodesPerElem() entries, in node order.
 
     /// The shape functions' values at `iso[3]`: node i's share of a value there.
-    void CalculateNodesShapeWeight(float const * iso, float * weights) const;
+    void CalculateNodesShapeWeight(float const * iso, float * weights) const {
+        if (evaluateFunctions)
+            evaluateFunctions(iso[0], iso[1], iso[2], weights);
+        else
+            callShapeFunctions(iso, weights);
+    }
     /// Cylindrical elements: copies the table of centroid weights, as many floats as the element has integration
     /// points; `iso` is ignored. Leaves `weights` as it was for every other element, and where there is no table.
     void CalculateCylindricalCentroidWeights(float const * iso, float * weights) const;
@@ -433,6 +438,9 @@ private:
     void buildFaceCenterNodeWeights();
     void stackLayers();
     void buildIntPointNodeWeights();
+
+    /// CalculateNodesShapeWeight, one function after the other.
+    void callShapeFunctions(float const * iso, float * weights) const;
 
     /// One node plane of a CAXA element, at `angle` degrees, into `nodal[baseNodesPerElem][numComps]`.
     void GetNodalValueFromIntPlanes(float angle, float const * values, float * nodal, int numComps,

@@ -17,18 +17,6 @@ constexpr int maxNodes = 27;
 
 constexpr int maxDirections = 3;
 
-/// All shape functions at one point, `out[baseNodesPerElem]`; 0 for what the set does not have.
-void valuesAt(shp_Topology const & t, float g, float h, float r, float * out) {
-    if (t.evaluateFunctions) {
-        t.evaluateFunctions(g, h, r, out);
-        return;
-    }
-    for (int i = 0; i < t.numShapeFunctions; ++i)
-        out[i] = t.shapeFunctions[i](g, h, r);
-    for (int i = t.numShapeFunctions; i < t.baseNodesPerElem; ++i)
-        out[i] = 0;
-}
-
 /// All derivatives at one point, `out[numGeometryDimensions][baseNodesPerElem]`.
 void slopesAt(shp_Topology const & t, float g, float h, float r, float * out) {
     if (t.evaluateDerivatives) {
@@ -202,8 +190,12 @@ void shp_Topology::IsoParCentroidLocation(float (&iso)[3]) const {
     std::copy_n(centerLocation, 3, iso);
 }
 
-void shp_Topology::CalculateNodesShapeWeight(float const * iso, float * weights) const {
-    valuesAt(*this, iso[0], iso[1], iso[2], weights);
+/// 0 for what the set does not have.
+void shp_Topology::callShapeFunctions(float const * iso, float * weights) const {
+    for (int i = 0; i < numShapeFunctions; ++i)
+        weights[i] = shapeFunctions[i](iso[0], iso[1], iso[2]);
+    for (int i = numShapeFunctions; i < baseNodesPerElem; ++i)
+        weights[i] = 0;
 }
 
 void shp_Topology::CalculateCylindricalCentroidWeights(float const *, float * weights) const {
@@ -247,7 +239,7 @@ g3d_Storage shp_Topology::InterpolatePointFromNodes(g3d_Storage const * coords, 
     if (evaluatePoint)
         return evaluatePoint(coords, iso);
     float weights[maxNodes];
-    valuesAt(*this, iso[0], iso[1], iso[2], weights);
+    CalculateNodesShapeWeight(iso, weights);
     double x = 0, y = 0, z = 0;
     for (int i = 0; i < baseNodesPerElem; ++i) {
         double const weight = weights[i];

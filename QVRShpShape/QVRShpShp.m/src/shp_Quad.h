@@ -153,6 +153,9 @@ struct Quad {
 
 #endif
 
+[[gnu::always_inline]] inline void store(Floats four, float * to) {
+    __builtin_memcpy(to, &four, sizeof four);
+}
 /// Four doubles from any address.
 [[gnu::always_inline]] inline Quad loadFour(void const * from) {
     Quad four;

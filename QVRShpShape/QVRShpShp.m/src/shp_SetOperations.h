@@ -7,6 +7,7 @@
 /// What one set of functions does with the positions of its nodes, made for this set alone, so that nothing is called
 /// for a single node. The same bits as the functions one by one, but for what `locate` leaves to the caller.
 struct shp_SetOperations {
+    shp_FunctionEvaluator row; ///< all values
     shp_PointEvaluator point;
     shp_TangentEvaluator tangents; ///< null without derivatives
     shp_Locator locate;            ///< null with derivatives in fewer than two directions

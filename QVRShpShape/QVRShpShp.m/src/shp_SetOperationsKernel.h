@@ -6,6 +6,7 @@
 #include "g3d_Storage.h"
 #include "shp_Location.h"
 #include "shp_NodeLanes.h"
+#include "shp_NodeRows.h"
 #include "shp_SetOperations.h"
 #include "shp_ShapeSets.h"
 
@@ -13,8 +14,6 @@
 #include <utility>
 
 namespace {
-
-using shp_shape::Nodes;
 
 /// Sums over the nodes, in node order: lane 0 the point itself, lanes 1 to 3 its derivatives.
 struct NodeSums {
@@ -52,6 +51,10 @@ template <class Of>
     store(s.x + zero, sums[0]);
     store(s.y + zero, sums[1]);
     store(s.z + zero, sums[2]);
+}
+
+template <class Of> [[gnu::flatten]] void rowAt(float g, float h, float r, float * out) {
+    storeRow(typename Of::Values(), g, h, r, out);
 }
 
 /// The point alone, as a sum over the nodes, in node order. Lanes are x, y, z and what follows in memory, which is the
@@ -215,7 +218,7 @@ template <class Of>
 // --- of all sets
 
 template <class Of> constexpr shp_SetOperations operationsOf() {
-    shp_SetOperations operations = {pointAt<Of>, nullptr, nullptr};
+    shp_SetOperations operations = {rowAt<Of>, pointAt<Of>, nullptr, nullptr};
     if constexpr (Of::directions > 0)
         operations.tangents = tangentsAt<Of>;
     if constexpr (Of::directions > 1)

@@ -306,9 +306,11 @@ void shp_Topology::keepOnePlane() {
 void shp_Topology::bindEvaluators() {
     shp_FunctionSet const * const values = shp_valueSet(options);
     numShapeFunctions = usableFunctions(values, baseNodesPerElem);
-    evaluateFunctions = wholeSet(values, baseNodesPerElem);
-    if (evaluateFunctions)
-        evaluatePoint = shp_operationsOf(values).point;
+    if (wholeSet(values, baseNodesPerElem)) {
+        shp_SetOperations const operations = shp_operationsOf(values);
+        evaluateFunctions = operations.row;
+        evaluatePoint = operations.point;
+    }
 
     if (!hasDerivatives)
         return;
