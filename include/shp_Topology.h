@@ -34,9 +34,8 @@ using shp_FunctionEvaluator = void (*)(float g, float h, float r, float * out);
 /// The point of space at `iso[3]`, from the positions of the nodes.
 using shp_PointEvaluator = g3d_Storage (*)(g3d_Storage const * coords, float const * iso);
 
-/// Derivatives of x, y, z (`sums[3][4]`, rows) with respect to g, h, r (columns 1 to 3), from the positions of the
-/// nodes.
-using shp_TangentEvaluator = void (*)(g3d_Storage const * coords, float g, float h, float r, double (*sums)[4]);
+/// The Jacobian at `iso`, all rows of a g3d_XForm, from the positions of the nodes.
+using shp_JacobianEvaluator = void (*)(g3d_Storage const * coords, float const * iso, float (*rows)[4]);
 
 /// How an iteration ends. It is unusual, and left to be done otherwise, where numbers are very large or are none.
 enum class shp_Iteration { converged, failed, unusual };
@@ -412,8 +411,8 @@ public:
     int numShapeFunctions = 0; ///< entries of `shapeFunctions` that may be called, at most `baseNodesPerElem`
     int numDerivatives = 0;    ///< the same for each of the derivative arrays
 
-    shp_PointEvaluator evaluatePoint = nullptr;      ///< behind InterpolatePointFromNodes; null as above
-    shp_TangentEvaluator evaluateTangents = nullptr; ///< behind ShapeFunctionJacobian; null as above
+    shp_PointEvaluator evaluatePoint = nullptr;       ///< behind InterpolatePointFromNodes; null as above
+    shp_JacobianEvaluator evaluateJacobian = nullptr; ///< behind ShapeFunctionJacobian; null as above
     shp_Locator locator = nullptr;   ///< behind FindIsoPointLocation; null also where values have another set
     float isoLow[3] = {1, 1, 1};     ///< low corner of the box around the node locations, 1 at most
     float isoHigh[3] = {-1, -1, -1}; ///< its high corner, -1 at least

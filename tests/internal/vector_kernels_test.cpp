@@ -19,15 +19,18 @@ struct Ways {
     shp_Shape plain, narrow, wide;
 
     explicit Ways(LongKey const & key) : plain("", key), narrow("", key), wide("", key) {
+        plain.evaluateFunctions = nullptr;
         plain.evaluatePoint = nullptr;
-        plain.evaluateTangents = nullptr;
+        plain.evaluateJacobian = nullptr;
         plain.locator = nullptr;
         shp_FunctionSetList const all = shp_allFunctionSets();
         for (int i = 0; i < all.count; ++i) {
-            if (all.sets[i]->functions == wide.shapeFunctions && wide.evaluatePoint)
+            if (all.sets[i]->functions == wide.shapeFunctions && wide.evaluatePoint) {
+                narrow.evaluateFunctions = setOperations[i].row;
                 narrow.evaluatePoint = setOperations[i].point;
-            if (all.sets[i]->derivatives == wide.dUdGFunctions && wide.evaluateTangents)
-                narrow.evaluateTangents = setOperations[i].tangents;
+            }
+            if (all.sets[i]->derivatives == wide.dUdGFunctions && wide.evaluateJacobian)
+                narrow.evaluateJacobian = setOperations[i].jacobian;
             if (all.sets[i]->functions == wide.shapeFunctions && wide.locator)
                 narrow.locator = setOperations[i].locate;
         }
@@ -47,6 +50,10 @@ struct Bits {
 Bits answersOf(shp_Topology const & t, Positions const & coords, g3d_Storage const & point, float const (&iso)[3]) {
     Bits bits;
     float at[3] = {iso[0], iso[1], iso[2]};
+    float weights[27] = {};
+    t.CalculateNodesShapeWeight(at, weights);
+    for (float weight : weights)
+        bits.add(weight);
     g3d_Storage const reached = t.InterpolatePointFromNodes(coords.data(), at);
     for (double x : {reached.X(), reached.Y(), reached.Z()})
         bits.add(x);
@@ -99,7 +106,7 @@ TEST(SetOperations, HaveTheBitsOfTheSingleFunctions) {
             Bits const expected = answersOf(ways.plain, coords, point, iso);
             ASSERT_TRUE(answersOf(ways.narrow, coords, point, iso) == expected) << sample;
             ASSERT_TRUE(answersOf(ways.wide, coords, point, iso) == expected) << sample;
-            located += expected.all[12] != 0;
+            located += expected.all[27 + 12] != 0;
         }
         EXPECT_EQ(located > 50, shape.hasDerivatives) << located;
     }

@@ -9,8 +9,8 @@
 struct shp_SetOperations {
     shp_FunctionEvaluator row; ///< all values
     shp_PointEvaluator point;
-    shp_TangentEvaluator tangents; ///< null without derivatives
-    shp_Locator locate;            ///< null with derivatives in fewer than two directions
+    shp_JacobianEvaluator jacobian; ///< null with derivatives in fewer than two directions
+    shp_Locator locate;             ///< the same
 };
 
 /// Those of a set of the library; all null where `set` is.

@@ -44,15 +44,6 @@ template <class Of>
     return sumNodes<Of::directions>(typename Of::Values(), typename Of::Derivatives(), coords, g, h, r);
 }
 
-template <class Of>
-[[gnu::flatten]] void tangentsAt(g3d_Storage const * coords, float g, float h, float r, double (*sums)[4]) {
-    NodeSums const s = sumsAt<Of>(coords, g, h, r);
-    Quad const zero = allOf(0.0); // makes 0 of -0
-    store(s.x + zero, sums[0]);
-    store(s.y + zero, sums[1]);
-    store(s.z + zero, sums[2]);
-}
-
 template <class Of> [[gnu::flatten]] void rowAt(float g, float h, float r, float * out) {
     storeRow(typename Of::Values(), g, h, r, out);
 }
@@ -167,6 +158,22 @@ struct RowOfUnitDirection {
     }
 };
 
+/// All rows of g3d_XForm, as shp_Topology::ShapeFunctionJacobian has them.
+template <class Of> [[gnu::flatten]] void jacobianAt(g3d_Storage const * coords, float const * iso, float (*rows)[4]) {
+    NodeSums sums = sumsAt<Of>(coords, iso[0], iso[1], Of::directions == 3 ? iso[2] : 0);
+    Quad const zero = allOf(0.0); // makes 0 of -0
+    sums.x = sums.x + zero;
+    sums.y = sums.y + zero;
+    sums.z = sums.z + zero;
+    Jacobian jacobian(sums);
+    if constexpr (Of::directions == 2)
+        RowOfUnitDirection(sums).complete(jacobian);
+    store(__builtin_shufflevector(jacobian.x, Floats{}, 1, 2, 3, 4), rows[0]);
+    store(__builtin_shufflevector(jacobian.y, Floats{}, 1, 2, 3, 4), rows[1]);
+    store(__builtin_shufflevector(jacobian.z, Floats{}, 1, 2, 3, 4), rows[2]);
+    store(Floats{0, 0, 0, 1}, rows[3]);
+}
+
 /// The iteration of shp_Location.cpp for one set, with values and derivatives in one pass, and a first update whose
 /// functions are constants.
 template <class Of>
@@ -219,10 +226,10 @@ template <class Of>
 
 template <class Of> constexpr shp_SetOperations operationsOf() {
     shp_SetOperations operations = {rowAt<Of>, pointAt<Of>, nullptr, nullptr};
-    if constexpr (Of::directions > 0)
-        operations.tangents = tangentsAt<Of>;
-    if constexpr (Of::directions > 1)
+    if constexpr (Of::directions > 1) {
+        operations.jacobian = jacobianAt<Of>;
         operations.locate = locate<Of>;
+    }
     return operations;
 }
 

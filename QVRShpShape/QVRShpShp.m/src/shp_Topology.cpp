@@ -319,7 +319,7 @@ void shp_Topology::bindEvaluators() {
     if (slopes && slopes->count == baseNodesPerElem && slopes->directions == numGeometryDimensions) {
         shp_SetOperations const operations = shp_operationsOf(slopes);
         evaluateDerivatives = slopes->gradient;
-        evaluateTangents = operations.tangents;
+        evaluateJacobian = operations.jacobian;
         locator = slopes == values ? operations.locate : nullptr;
     }
 }
