@@ -54,7 +54,8 @@ template <class... InG, class... InH, class... InR> struct FourNodes<HexCorner<I
 
 /// All functions of a list.
 template <class... Node>
-[[gnu::always_inline]] inline void storeRow(Nodes<Node...>, float g, float h, float r, float * out) {
+[[gnu::always_inline]] inline void storeRow(Nodes<Node...>, [[maybe_unused]] float g, [[maybe_unused]] float h,
+                                            [[maybe_unused]] float r, [[maybe_unused]] float * out) {
     ((*out++ = Node::value(g, h, r)), ...);
 }
 
