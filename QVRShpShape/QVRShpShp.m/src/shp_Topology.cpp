@@ -324,8 +324,9 @@ void shp_Topology::bindEvaluators() {
     }
 }
 
+/// Of the nodes that have a function: keys made by hand may speak of more nodes than the table has.
 void shp_Topology::findIsoBounds() {
-    for (int i = 0; nodeLocationTable && i < 3 * baseNodesPerElem; ++i) {
+    for (int i = 0; nodeLocationTable && i < 3 * numShapeFunctions; ++i) {
         isoLow[i % 3] = std::min(isoLow[i % 3], nodeLocationTable[i]);
         isoHigh[i % 3] = std::max(isoHigh[i % 3], nodeLocationTable[i]);
     }
