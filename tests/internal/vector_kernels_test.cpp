@@ -201,7 +201,7 @@ TEST(SurfaceLine, FindsWhatItsTrianglesFindOneByOne) {
             g3d_Storage const end = g3d_moved(start, factor, g3d_difference(to, start));
             bool const isSegment = sample % 4 == 0;
             Bits const expected = hitsOneByOne(t, coords, start, end, isSegment);
-            ASSERT_TRUE(hitsOf(meetSurface, t, coords, start, end, isSegment) == expected) << sample;
+            ASSERT_TRUE(hitsOf(surfaceLineWorker, t, coords, start, end, isSegment) == expected) << sample;
             ASSERT_TRUE(hitsOf(t.lineWorker, t, coords, start, end, isSegment) == expected) << sample;
             hits += expected.all.size() > 1;
         }

@@ -51,10 +51,10 @@ private:
 };
 
 /// Places the points as g3d_PreparedLine::Place does. Returns the greatest difference of a coordinate from that of the
-/// first point, where all are numbers.
+/// first point, passing over coordinates that are no numbers; no number where one of the first point's is none.
 template <int MainAxis>
 [[gnu::always_inline]] inline double placePoints(g3d_PreparedLine const & line, g3d_Storage const * points,
-                                                 int numPoints, int numSighted, SightedPoints & sighted) {
+                                                 int numPoints, SightedPoints & sighted) {
     sighted.positions = points;
     Quad firstX = {}, firstY = {}, firstZ = {}, greatest = {};
     auto const add = [&](int i, FourSighted<MainAxis> const & four) {
@@ -72,21 +72,22 @@ template <int MainAxis>
         greatest = greater(absolute(four.z - firstZ), greatest);
     };
     int i = 0;
-    for (; i + 4 <= numPoints && i < numSighted; i += 4)
+    for (; i + 4 <= numPoints; i += 4)
         add(i, {line, points[i], points[i + 1], points[i + 2], points[i + 3]});
-    if (i < numSighted) {
+    if (i < numPoints) {
         auto const point = [points, last = numPoints - 1](int n) { return points[n < last ? n : last]; };
         add(i, {line, point(i), point(i + 1), point(i + 2), point(i + 3)});
     }
-    return greatestLane(greatest);
+    double const zeroOrNone = 0 * (lane(firstX, 0) + lane(firstY, 0) + lane(firstZ, 0));
+    return greatestLane(greatest) + zeroOrNone;
 }
 
 [[gnu::always_inline]] inline double placePoints(g3d_PreparedLine const & line, g3d_Storage const * points,
-                                                 int numPoints, int numSighted, SightedPoints & sighted) {
+                                                 int numPoints, SightedPoints & sighted) {
     switch (line.MainAxis()) {
-    case 0: return placePoints<0>(line, points, numPoints, numSighted, sighted);
-    case 1: return placePoints<1>(line, points, numPoints, numSighted, sighted);
-    default: return placePoints<2>(line, points, numPoints, numSighted, sighted);
+    case 0: return placePoints<0>(line, points, numPoints, sighted);
+    case 1: return placePoints<1>(line, points, numPoints, sighted);
+    default: return placePoints<2>(line, points, numPoints, sighted);
     }
 }
 
@@ -188,19 +189,15 @@ struct SurfaceHits {
 
 [[gnu::always_inline]] inline void meetTriangles(shp_Topology const & topology, g3d_PreparedLine const & line,
                                                  g3d_Storage const * coords, SurfaceHits & found) {
-    int const numPoints = numUsablePoints(topology);
     int const * const triangles = topology.FaceTriangles();
     SightedPoints points;
     SievedTriangles sieved;
-    double const difference = placePoints(line, coords, numPoints, topology.numTrianglePoints, points);
+    double const difference = placePoints(line, coords, topology.numTrianglePoints, points);
     sieve(points, difference, triangles, topology.NumFaceTriangles(), sieved);
     SurfaceHits hits;
     for (std::uint64_t bits = sieved.inside | sieved.uncertain; bits != 0; bits &= bits - 1) {
         int const k = std::countr_zero(bits);
         int const * const triangle = triangles + 3 * k;
-        // One table names a node that its element does not have; the triangle is passed over.
-        if (triangle[0] >= numPoints || triangle[1] >= numPoints || triangle[2] >= numPoints)
-            continue;
         if (sieved.uncertain >> k & 1) [[unlikely]] {
             SurfaceHits more = hits;
             meetUncertain(line, points, triangle, more);
@@ -218,10 +215,20 @@ struct SurfaceHits {
 /// Up to this many triangles are met one after the other.
 constexpr int fewTriangles = 3;
 
-[[gnu::always_inline]] inline void meetFewTriangles(shp_Topology const & topology, g3d_PreparedLine const & line,
-                                                    g3d_Storage const * coords, SurfaceHits & hits) {
+/// Whether the triangles may be sorted out. One table names a node that its element does not have.
+[[gnu::always_inline]] inline bool canBeSieved(shp_Topology const & topology) {
+    return topology.NumFaceTriangles() <= maxTriangles && topology.numTrianglePoints <= maxSightedPoints &&
+           topology.numTrianglePoints <= numUsablePoints(topology);
+}
+
+/// Passes over a triangle with a corner that the element does not have.
+[[gnu::always_inline]] inline void meetOneByOne(shp_Topology const & topology, g3d_PreparedLine const & line,
+                                                g3d_Storage const * coords, SurfaceHits & hits) {
+    int const numPoints = numUsablePoints(topology);
     int const * triangle = topology.FaceTriangles();
     for (int k = 0; k < topology.NumFaceTriangles(); ++k, triangle += 3) {
+        if (triangle[0] >= numPoints || triangle[1] >= numPoints || triangle[2] >= numPoints)
+            continue;
         double t[2], u[2], v[2];
         int const count = line.Meet(line.Place(coords[triangle[0]]), line.Place(coords[triangle[1]]),
                                     line.Place(coords[triangle[2]]), t, u, v);
@@ -263,15 +270,15 @@ constexpr int fewTriangles = 3;
     return distance * inverseLength * (old < 0 ? -1.0 : 1.0);
 }
 
-[[gnu::flatten]] bool meetSurface(shp_Topology const & topology, g3d_Storage const & lineStart,
-                                  g3d_Storage const & lineEnd, g3d_Storage * coords, double * params,
-                                  float (*const iso)[3], int & numHits, bool flag, g3d_Storage * hitPoints) {
+[[gnu::flatten]] bool surfaceLineWorker(shp_Topology const & topology, g3d_Storage const & lineStart,
+                                        g3d_Storage const & lineEnd, g3d_Storage * coords, double * params,
+                                        float (*const iso)[3], int & numHits, bool flag, g3d_Storage * hitPoints) {
     g3d_PreparedLine const line(lineStart, lineEnd, flag);
     SurfaceHits hits;
-    if (line.HasLength() && topology.NumFaceTriangles() > fewTriangles)
+    if (line.HasLength() && topology.NumFaceTriangles() > fewTriangles && canBeSieved(topology))
         meetTriangles(topology, line, coords, hits);
     else if (line.HasLength())
-        meetFewTriangles(topology, line, coords, hits);
+        meetOneByOne(topology, line, coords, hits);
     params[0] = hits.smallest.t;
     params[1] = hits.largest.t;
     numHits = 0;

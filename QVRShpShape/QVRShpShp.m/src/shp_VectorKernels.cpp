@@ -17,7 +17,7 @@ bool hasWideVectors() {
 }
 
 /// Usable before any constructor of a static object has run; replaced once, when the library is loaded.
-constinit shp_VectorKernels chosen = {setOperations, meetSurface};
+constinit shp_VectorKernels chosen = {setOperations, surfaceLineWorker};
 
 struct Choice {
     Choice() {

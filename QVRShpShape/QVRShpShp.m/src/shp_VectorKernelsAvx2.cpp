@@ -8,7 +8,7 @@
 #include "shp_SetOperationsKernel.h"
 #include "shp_SurfaceLineKernel.h"
 
-shp_VectorKernels const shp_wideVectorKernels = {setOperations, meetSurface};
+shp_VectorKernels const shp_wideVectorKernels = {setOperations, surfaceLineWorker};
 #else
 shp_VectorKernels const shp_wideVectorKernels = {nullptr, nullptr};
 #endif
