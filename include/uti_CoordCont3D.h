@@ -60,8 +60,9 @@ private:
     };
 
     static std::size_t slot(int index) { return static_cast<std::size_t>(index); }
-    /// An index before the start is a slot far behind the end.
-    bool exists(int index) const { return slot(index) < entries.size(); }
+    /// An index before the start is a slot far behind the end. Bytes are compared: to count entries wants a division.
+    bool exists(int index) const { return slot(index) * sizeof(Entry) < entries.size() * sizeof(Entry); }
+    static_assert(sizeof(std::size_t) > sizeof(int), "a slot before the start has a place in memory");
 
     std::vector<Entry, mem_Allocator<Entry>> entries;
 };

@@ -8,6 +8,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace {
 
@@ -19,9 +22,17 @@ FloatPair narrow(Pair pair) {
     return __builtin_convertvector(pair, FloatPair);
 }
 
-/// What a vector of this squared length is divided by to have length 1; the zero vector stays zero.
-double divisor(double squaredLength) {
-    return squaredLength == 0 ? 1 : std::sqrt(squaredLength);
+Pair squareRoots(Pair pair) {
+#ifdef __SSE2__
+    return _mm_sqrt_pd(pair);
+#else
+    return {std::sqrt(pair[0]), std::sqrt(pair[1])};
+#endif
+}
+
+/// What vectors of these squared lengths are divided by to have length 1; the zero vector stays zero.
+Pair divisors(Pair squaredLengths) {
+    return squaredLengths == 0.0 ? Pair{1, 1} : squareRoots(squaredLengths);
 }
 
 /// Two directions of length 1, each as g3d_Vector::Normalize makes it.
@@ -30,9 +41,8 @@ struct UnitDirections {
 
     UnitDirections(float const (&a)[3], float const (&b)[3]) {
         Pair const x = {a[0], b[0]}, y = {a[1], b[1]}, z = {a[2], b[2]};
-        Pair const squares = x * x + y * y + z * z;
-        Pair const divisors = {divisor(squares[0]), divisor(squares[1])};
-        FloatPair const unitX = narrow(x / divisors), unitY = narrow(y / divisors), unitZ = narrow(z / divisors);
+        Pair const lengths = divisors(x * x + y * y + z * z);
+        FloatPair const unitX = narrow(x / lengths), unitY = narrow(y / lengths), unitZ = narrow(z / lengths);
         first = {unitX[0], unitY[0], unitZ[0]};
         second = {unitX[1], unitY[1], unitZ[1]};
     }
@@ -51,7 +61,8 @@ g3d_Vector normalTo(g3d_Vector const & t1, g3d_Vector const & t2, int numSpatial
 /// was stored singly takes longer.
 void storeUnit(g3d_Vector const & vector, float * out) {
     double const x = vector.X(), y = vector.Y(), z = vector.Z();
-    double const length = divisor(x * x + y * y + z * z);
+    double const square = x * x + y * y + z * z;
+    double const length = square == 0 ? 1 : std::sqrt(square);
     FloatPair const unitXY = narrow(Pair{x, y} / Pair{length, length});
     std::memcpy(out, &unitXY, sizeof unitXY);
     out[2] = static_cast<float>(z / length);

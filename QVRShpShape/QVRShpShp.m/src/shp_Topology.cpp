@@ -357,7 +357,7 @@ void shp_Topology::buildIntPointNodeWeights() {
 
 void shp_Topology::FaceConnectivity(int const * elemConn, int face, int * out) const {
     int const * const nodes = faceConnTbl + face * maxNodesPerFace;
-    for (int i = 0; i < NumNodesPerFace(face); ++i)
+    for (int i = 0, count = NumNodesPerFace(face); i < count; ++i)
         out[i] = elemConn[nodes[i]];
 }
 
