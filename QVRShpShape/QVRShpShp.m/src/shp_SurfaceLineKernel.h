@@ -19,8 +19,8 @@ constexpr int maxTriangles = 64, maxSightedPoints = 28;
 
 /// An element's points as a line sees them.
 struct SightedPoints {
+    alignas(32) double x[maxSightedPoints], y[maxSightedPoints], z[maxSightedPoints];
     g3d_Storage const * positions;
-    double x[maxSightedPoints], y[maxSightedPoints], z[maxSightedPoints];
 
     g3d_PreparedLine::Corner corner(int i) const { return {positions + i, x[i], y[i], z[i]}; }
 };
@@ -114,9 +114,9 @@ struct Corners {
 
 /// Triangles as a line sees them, and which of them are left to be met, by their bits.
 struct SievedTriangles {
+    alignas(32) double a[maxTriangles], b[maxTriangles], c[maxTriangles], sum[maxTriangles];
     std::uint64_t inside = 0;    ///< the line passes inside
     std::uint64_t uncertain = 0; ///< perhaps it grazes the triangle
-    double a[maxTriangles], b[maxTriangles], c[maxTriangles], sum[maxTriangles];
 
     g3d_PreparedLine::Weights weights(int k) const { return {a[k], b[k], c[k], sum[k]}; }
 };
