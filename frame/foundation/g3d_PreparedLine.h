@@ -62,10 +62,11 @@ public:
         double a, b, c, sum;
     };
 
-    /// The same with a triangle that the line does not graze, and inside of which it passes: at most one hit.
+    /// The same with a triangle that the line does not graze, and inside of which it passes: at most one hit. A
+    /// triangle that is known to be wide is not asked whether it has an area.
     [[gnu::always_inline]] int MeetInside(Weights const & weights, Corner const & a, Corner const & b, Corner const & c,
-                                          double * t, double * u, double * v) const {
-        if (!Plane(*a.position, *b.position, *c.position).hasArea())
+                                          bool isWide, double * t, double * u, double * v) const {
+        if (!isWide && !Plane(*a.position, *b.position, *c.position).hasArea())
             return 0;
         double const parameter = (weights.a * a.z + weights.b * b.z + weights.c * c.z) / weights.sum * shear[2];
         if (isBounded && !(parameter >= -reach() && parameter <= 1 + reach()))
@@ -141,7 +142,7 @@ private:
         double const least = -weightSlack * weights.sum * weights.sum;
         bool const isInside = weights.sum != 0 && weights.a * weights.sum >= least &&
                               weights.b * weights.sum >= least && weights.c * weights.sum >= least;
-        return isInside ? MeetInside(weights, a, b, c, t, u, v) : 0;
+        return isInside ? MeetInside(weights, a, b, c, false, t, u, v) : 0;
     }
 
     /// Where products of positions overflow or vanish, hits come out that are none.

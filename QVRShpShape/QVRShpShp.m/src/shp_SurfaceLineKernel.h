@@ -50,10 +50,20 @@ private:
     }
 };
 
-/// Places the points as g3d_PreparedLine::Place does. Returns the greatest difference of a coordinate from that of the
-/// first point, passing over coordinates that are no numbers; no number where one of the first point's is none.
+/// How the points lie to each other and to the line.
+struct Spread {
+    /// The greatest difference of a coordinate from that of the first point, passing over coordinates that are no
+    /// numbers; no number where one of the first point's is none.
+    double difference;
+    bool isNear; ///< the line's start is not much farther away than that
+
+    /// So far away roundings in positions reach a billionth of their differences.
+    static constexpr double far = 1000;
+};
+
+/// Places the points as g3d_PreparedLine::Place does.
 template <int MainAxis>
-[[gnu::always_inline]] inline double placePoints(g3d_PreparedLine const & line, g3d_Storage const * points,
+[[gnu::always_inline]] inline Spread placePoints(g3d_PreparedLine const & line, g3d_Storage const * points,
                                                  int numPoints, SightedPoints & sighted) {
     sighted.positions = points;
     Quad firstX = {}, firstY = {}, firstZ = {}, greatest = {};
@@ -78,11 +88,12 @@ template <int MainAxis>
         auto const point = [points, last = numPoints - 1](int n) { return points[n < last ? n : last]; };
         add(i, {line, point(i), point(i + 1), point(i + 2), point(i + 3)});
     }
-    double const zeroOrNone = 0 * (lane(firstX, 0) + lane(firstY, 0) + lane(firstZ, 0));
-    return greatestLane(greatest) + zeroOrNone;
+    double const distance = std::fabs(lane(firstX, 0)) + std::fabs(lane(firstY, 0)) + std::fabs(lane(firstZ, 0));
+    double const difference = greatestLane(greatest);
+    return {difference + 0 * distance, distance <= Spread::far * difference};
 }
 
-[[gnu::always_inline]] inline double placePoints(g3d_PreparedLine const & line, g3d_Storage const * points,
+[[gnu::always_inline]] inline Spread placePoints(g3d_PreparedLine const & line, g3d_Storage const * points,
                                                  int numPoints, SightedPoints & sighted) {
     switch (line.MainAxis()) {
     case 0: return placePoints<0>(line, points, numPoints, sighted);
@@ -94,6 +105,10 @@ template <int MainAxis>
 /// With a doubled area above this, as the line sees it, no triangle is grazed in the sense of g3d_PreparedLine::Meet:
 /// its tilt is at most twice the square of twice a product of differences, each of at most twice the greatest
 /// difference from the first point. One percent is for roundings.
+///
+/// Such a triangle is wide, too. The shear less than doubles an area, so that the doubled area in space is above 5e-5
+/// of the square of the greatest difference, and no edge is longer than 6 such differences: the sine between two edges
+/// is above 1e-6. Only with a line that starts far away all that may be roundings (see Spread).
 [[gnu::always_inline]] inline double leastAreaAcross(double difference) {
     constexpr double rootOfGrazing = 10 * g3d_PreparedLine::grazingSine, rootOfTilt = 11.32; // squared: 128
     if (!(difference > 1e-60 && difference < 1e60))
@@ -192,8 +207,8 @@ struct SurfaceHits {
     int const * const triangles = topology.FaceTriangles();
     SightedPoints points;
     SievedTriangles sieved;
-    double const difference = placePoints(line, coords, topology.numTrianglePoints, points);
-    sieve(points, difference, triangles, topology.NumFaceTriangles(), sieved);
+    Spread const spread = placePoints(line, coords, topology.numTrianglePoints, points);
+    sieve(points, spread.difference, triangles, topology.NumFaceTriangles(), sieved);
     SurfaceHits hits;
     for (std::uint64_t bits = sieved.inside | sieved.uncertain; bits != 0; bits &= bits - 1) {
         int const k = std::countr_zero(bits);
@@ -206,7 +221,7 @@ struct SurfaceHits {
         }
         double t, u, v;
         if (line.MeetInside(sieved.weights(k), points.corner(triangle[0]), points.corner(triangle[1]),
-                            points.corner(triangle[2]), &t, &u, &v))
+                            points.corner(triangle[2]), spread.isNear, &t, &u, &v))
             hits.take({t, u, v, triangle});
     }
     found = hits;
