@@ -15,15 +15,24 @@ namespace {
 
 using Floats = float __attribute__((vector_size(16)));
 
-/// Three floats; the last lane is 0.
+using Pair = double __attribute__((vector_size(16)));
+
+/// Three floats, the first two as one number; the last lane is 0.
 [[gnu::always_inline]] inline Floats loadThree(float const * from) {
-    return Floats{from[0], from[1], from[2], 0};
+    double firstTwo;
+    __builtin_memcpy(&firstTwo, from, sizeof firstTwo);
+    Floats three = reinterpret_cast<Floats>(Pair{firstTwo, 0});
+    three[2] = from[2];
+    return three;
 }
 
 #ifdef __AVX2__
 
 using Quad = double __attribute__((vector_size(32)));
 
+[[gnu::always_inline]] inline Quad quadOf(Pair low, Pair high) {
+    return __builtin_shufflevector(low, high, 0, 1, 2, 3);
+}
 [[gnu::always_inline]] inline Quad quadOf(double a, double b, double c, double d) {
     return Quad{a, b, c, d};
 }
@@ -67,7 +76,6 @@ using Quad = double __attribute__((vector_size(32)));
 
 #else
 
-using Pair = double __attribute__((vector_size(16)));
 struct Quad {
     Pair low, high;
 };
@@ -83,6 +91,9 @@ struct Quad {
 }
 [[gnu::always_inline]] inline Quad operator/(Quad a, Quad b) {
     return {a.low / b.low, a.high / b.high};
+}
+[[gnu::always_inline]] inline Quad quadOf(Pair low, Pair high) {
+    return {low, high};
 }
 [[gnu::always_inline]] inline Quad quadOf(double a, double b, double c, double d) {
     return {Pair{a, b}, Pair{c, d}};

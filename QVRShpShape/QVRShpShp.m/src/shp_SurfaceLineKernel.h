@@ -9,6 +9,7 @@
 #include "shp_Quad.h"
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 
@@ -254,16 +255,17 @@ constexpr int fewTriangles = 3;
 
 /// Isoparametric coordinates of a hit, linear in its triangle; summed in double.
 [[gnu::always_inline]] inline void locate(SurfaceHit const & hit, float const * nodeLocations, float * iso) {
-    Quad const a = widen(loadThree(nodeLocations + 3 * hit.triangle[0]));
-    Quad const b = widen(loadThree(nodeLocations + 3 * hit.triangle[1]));
-    Quad const c = widen(loadThree(nodeLocations + 3 * hit.triangle[2]));
+    auto const location = [=](std::ptrdiff_t node) { return widen(loadThree(nodeLocations + 3 * node)); };
+    Quad const a = location(hit.triangle[0]), b = location(hit.triangle[1]), c = location(hit.triangle[2]);
     Floats const sum = narrow(allOf(0.0) + a * allOf(1.0 - hit.u - hit.v) + b * allOf(hit.u) + c * allOf(hit.v));
     for (int i = 0; i < 3; ++i)
         iso[i] = sum[i];
 }
 
 [[gnu::always_inline]] inline Quad coordinatesOf(g3d_Storage const & point) {
-    return quadOf(point.X(), point.Y(), point.Z(), 0);
+    Pair xy;
+    __builtin_memcpy(&xy, &point, sizeof xy);
+    return quadOf(xy, Pair{point.Z(), 0});
 }
 
 /// The point of a hit, on the flat triangle; the weights are floats.
