@@ -3,6 +3,8 @@
 
 #include "atr_String.h"
 #include "cls_xo1DArrayList.h"
+#include "cow_COW.h"
+#include "cow_Virtual.h"
 #include "g3d_Vector.h"
 #include "shp_AnalyticRigidSurfEnm.h"
 #include "shp_SuppDataPair.h"
@@ -57,5 +59,10 @@ public:
     cls_xoList<shp_SuppDataPair> dataPairList;   ///< the profile
     cls_Uid uid;                                 ///< persistent identity
 };
+
+// Named where the class is: what a holder is made of would be hidden in a build that inlines nothing, if a source used
+// one without this.
+extern template class cow_CountedHld<shp_AnalyticRigidSurfaceData>;
+extern template class cow_COW<shp_AnalyticRigidSurfaceData, cow_Virtual<shp_AnalyticRigidSurfaceData>>;
 
 #endif

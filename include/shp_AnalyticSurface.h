@@ -2,6 +2,8 @@
 #define shp_AnalyticSurface_h
 
 #include "atr_String.h"
+#include "cow_COW.h"
+#include "cow_Direct.h"
 #include "shp_AnalyticSurfaceSegment.h"
 
 class gsl_Matrix;
@@ -61,5 +63,10 @@ public:
     atr_String name;                                       ///< under which users know it
     cls_Uid uid;                                           ///< persistent identity
 };
+
+// Named where the class is: what a holder is made of would be hidden in a build that inlines nothing, if a source used
+// one without this.
+extern template class cow_CountedHld<shp_AnalyticSurface>;
+extern template class cow_COW<shp_AnalyticSurface, cow_Direct<shp_AnalyticSurface>>;
 
 #endif

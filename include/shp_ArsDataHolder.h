@@ -1,17 +1,8 @@
 #ifndef shp_ArsDataHolder_h
 #define shp_ArsDataHolder_h
 
-#include "cow_COW.h"
-#include "cow_Direct.h"
-#include "cow_Virtual.h"
 #include "shp_AnalyticRigidSurfaceData.h"
 #include "shp_AnalyticSurface.h"
-
-// Named before their first use, or what they are made of would be hidden in a build that inlines nothing.
-extern template class cow_CountedHld<shp_AnalyticRigidSurfaceData>;
-extern template class cow_CountedHld<shp_AnalyticSurface>;
-extern template class cow_COW<shp_AnalyticRigidSurfaceData, cow_Virtual<shp_AnalyticRigidSurfaceData>>;
-extern template class cow_COW<shp_AnalyticSurface, cow_Direct<shp_AnalyticSurface>>;
 
 /// An analytic rigid surface in the older representation, the newer, both or none, for readers who do not care which.
 class QVRSHPCORE_API shp_ArsDataHolder {

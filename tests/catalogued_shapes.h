@@ -13,7 +13,9 @@
 #include <stdexcept>
 #include <string>
 
-inline shp_ShapeDictionary & dictionary() { return omi_Singleton<shp_ShapeDictionary>::Instance(); }
+inline shp_ShapeDictionary & dictionary() {
+    return omi_Singleton<shp_ShapeDictionary>::Instance();
+}
 
 /// The shape of a label that the catalogue has.
 inline shp_Shape const & shapeOf(char const * label) {

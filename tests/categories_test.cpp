@@ -68,6 +68,7 @@ TEST(Categories, SelectionsOfOneLocationLeaveOutTheTopPair) {
         for (std::size_t i = 0; i < all.size(); ++i) {
             bool const isSame = i == 6 || (!separate && (i == 2 || i == 4));
             EXPECT_EQ(all[i].IsEqual(Selection(all[6])), isSame) << i;
+            EXPECT_TRUE(all[i].IsEqual(all[i]) && all[i] == all[i]);
             EXPECT_EQ(all[i].Print() == all[6].Print(), isSame) << i;
             EXPECT_EQ(all[i] - all[6], differences[i]);
         }

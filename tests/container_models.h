@@ -157,8 +157,11 @@ void operate(Draw & draw, TrackedList & list, std::vector<int> & model, TrackedL
     }
     auto const found = std::find(model.begin(), model.end(), v);
     require(list.FindMember(x) == (found == model.end() ? -1 : static_cast<int>(found - model.begin())), "search");
-    if (draw(2) == 0 && found != model.end())
-        list.RemoveMember(x), model.erase(found);
+    if (draw(2) == 0) {
+        list.RemoveMember(x);
+        if (found != model.end())
+            model.erase(found);
+    }
 }
 
 template <class Draw> void runListModel(Draw draw, int steps) {
@@ -255,12 +258,14 @@ inline void requireSame(cow_ConstMapIterator<cow_String, Tracked> & it, PlainTre
                 "entry of a map, in the tree's order");
         it.Next();
     }
+    it.Next();
     require(it.IsDone(), "end of a map");
 }
 
 inline void requireSame(TrackedMap const & map, PlainTree const & model) {
     require(map.Size() == static_cast<int>(model.entries.size()) && map.IsEmpty() == model.entries.empty(), "map size");
     cow_ConstMapIterator<cow_String, Tracked> it(map);
+    require(it.IsDone(), "beginning of a map");
     requireSame(it, model);
 }
 

@@ -129,6 +129,13 @@ TEST(Containers, AMapWriteCopiesThePathToItsEntry) {
     }
 }
 
+TEST(Containers, TheValueOfNoKeyIsMadeWhenThereIsMemory) {
+    cow_Map<cow_String, cow_List<float>> map;
+    cow_String const absent("absent");
+    EXPECT_EQ(refuseEachAllocation([&] { map.ConstGet(absent); }, [] {}), 2); // the list, and what it holds
+    EXPECT_TRUE(map.ConstGet(absent).IsEmpty());
+}
+
 TEST(Containers, ElementsNeedOnlyWhatAnOperationUses) {
     class Plain { // no default constructor, no comparison
     public:
@@ -143,8 +150,11 @@ TEST(Containers, ElementsNeedOnlyWhatAnOperationUses) {
     nested.Get(0) = nested.ConstGet(1); // the assigned list lies beside the one that goes
     EXPECT_TRUE(nested.ConstGet(0) == nested.ConstGet(1));
     cow_List<cow_String> const texts("e", "a", "d", "b", "c");
-    auto sorted = texts;
+    auto sorted = texts, none = cow_List<cow_String>();
     sorted.Sort();
+    none.Sort();
+    EXPECT_TRUE(none.IsEmpty());
+    EXPECT_TRUE(cow_List<cow_String>("e", "a", "d", "b") == texts.Slice(0, 4));
     EXPECT_TRUE(sorted[0] == "a" && sorted[4] == "e" && texts[0] == "e");
 }
 
@@ -187,11 +197,15 @@ TEST(Containers, HoldersCopyByTheirPolicyBeforeTheFirstWrite) {
         chain = chain.ConstGet()->next; // what is assigned goes with what is dropped
         EXPECT_EQ(chain.ConstGet()->kind(), 1);
         copy = *&copy;
+        copy = copy.Get();
         EXPECT_EQ(copy.ConstGet(), own);
+        copy.DropReference();
+        copy.DropReference();
         copy = holder;
         copy = nullptr;
         EXPECT_TRUE(copy.IsNull() && copy.Get() == nullptr && holder.HasValue() && holder.Exclusive());
 
+        Holder(new Link).Delete();
         cow_List<Holder> list(holder, holder);
         list.Get(1).Get()->value = 6;
         EXPECT_EQ(list.ConstGet(0).ConstGet()->value.value, 0);

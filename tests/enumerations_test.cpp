@@ -48,9 +48,10 @@ TYPED_TEST(Enumeration, TakesTheValuesAndNamesOfItsRowsAlone) {
     std::set<int> values;
     for (int row = 0; Prim::Name(row) != nullptr; ++row) {
         cow_String const name = Prim::Name(row);
-        Prim const byValue(Prim::Value(row)), byName(name), byOther(static_cast<omu_PrimEnumBase const &>(byName));
+        Prim const byValue(Prim::Value(row)), byNumber(static_cast<int>(Prim::Value(row))), byName(name),
+            byOther(static_cast<omu_PrimEnumBase const &>(byName));
         std::unique_ptr<omu_Primitive> const copy(byOther.Copy());
-        for (Prim const & made : {byValue, byName, byOther, dynamic_cast<Prim const &>(*copy)})
+        for (Prim const & made : {byValue, byNumber, byName, byOther, dynamic_cast<Prim const &>(*copy)})
             EXPECT_TRUE(made.value == Prim::Value(row) && made.AsString(0) == name && made.AsRepr() == name &&
                         made == byValue && (made == prim) == (row == 1))
                 << name.CStr();
@@ -74,7 +75,7 @@ TYPED_TEST(Enumeration, TakesTheValuesAndNamesOfItsRowsAlone) {
     for (int value = -3; value < 70; ++value) {
         if (values.count(value))
             continue;
-        EXPECT_FALSE(prim.SetValue(static_cast<TypeParam>(value)));
+        EXPECT_FALSE(prim.SetValue(static_cast<TypeParam>(value)) || prim.SetValue(value));
         EXPECT_EQ(refusalOf<Prim>(static_cast<TypeParam>(value)),
                   "omu_PrimEnum(Enum) - Enum value not allowed: " + std::to_string(value) + all + " @76");
     }

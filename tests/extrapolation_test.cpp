@@ -2,6 +2,7 @@
 
 #include "catalogued_shapes.h"
 #include "shp_InterpolationTables.h"
+#include "shp_KeyBit.h"
 #include "wip_WIP.h"
 
 #include <gtest/gtest.h>
@@ -166,6 +167,14 @@ TEST(EveryPosition, WithoutARuleGivesZerosAndIsReportedOnceAndWithoutComponentsW
             std::vector<std::string> const all = {node, face, node, node}; // of two node planes
             EXPECT_EQ(reports.texts, hasRule ? std::vector<std::string>() : all);
         }
+}
+
+TEST(EveryPosition, WithoutATableGivesZeros) {
+    shp_Topology const t(keyOf({shp_keyHex, shp_keyNodes20, shp_keyIntPts15, shp_key3D}));
+    for (int comps : {2, 0}) {
+        EXPECT_EQ(toNodes(t, Floats(30, 1), atPoints, comps), comps > 0 ? Floats(40) : Floats(20, untouched));
+        EXPECT_EQ(toFaces(t, Floats(30, 1), atPoints, comps), comps > 0 ? Floats(12) : Floats(6, untouched));
+    }
 }
 
 // An integration plane's own angle belongs to the interval that ends there; the blend is made in float. A whole

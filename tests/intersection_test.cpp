@@ -200,6 +200,15 @@ TEST(Intersection, OfAPointNeedsAKeyWithoutShape) {
     EXPECT_TRUE(nothing.FindPointInShape({1, 2, 3}, {1, 2, 4}, node.data(), nullptr));
 }
 
+TEST(Intersection, OfAKeyWithoutTrianglesIsNone) {
+    shp_Topology const t(keyOf({shp_keyQuad, shp_keyNodes1, shp_key3D}));
+    Positions coords(1);
+    int count = 7;
+    EXPECT_FALSE(t.LineShapeIntersection({0, 0, 0}, {1, 1, 1}, coords.data(), nullptr, nullptr, count, true, nullptr));
+    EXPECT_FALSE(t.FindPointInShape({0, 0, 0}, {1, 1, 1}, coords.data(), nullptr));
+    EXPECT_EQ(count, 7);
+}
+
 // Positions are an affine image of the node locations, so that every location is exact. Some tables of triangles leave
 // a gap, and a line through it misses one side.
 TEST(PointInShape, IsFoundBetweenTheHitsOnBothSides) {

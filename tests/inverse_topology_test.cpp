@@ -200,7 +200,8 @@ TEST(InverseTopology, KnownElements) {
 TEST(InverseTopology, KeysThatFitNoElementGetTheTableOfAPoint) {
     for (LongKey const & key :
          {LongKey(), keyOf({shp_keyHex, shp_key3D}), keyOf({shp_keyHex, shp_keyNodes5, shp_key3D}),
-          keyOf({shp_keyHex, shp_keyNodes12, shp_key3D}), keyOf({shp_keyHex, shp_keyNodes18, shp_key3D}),
+          keyOf({shp_keyHex, shp_keyNodes9, shp_key3D}), keyOf({shp_keyHex, shp_keyNodes12, shp_key3D}),
+          keyOf({shp_keyHex, shp_keyNodes18, shp_key3D}),
           keyOf({shp_keyHex, shp_keyNodes12, shp_keyInfinite, shp_keyCylindrical, shp_key3D}),
           keyOf({shp_keyQuad, shp_keyNodes5, shp_key2D}), keyOf({shp_keyPrism, shp_keyNodes8, shp_key3D})})
         expectPoint(shp_Shape("BY HAND", key));

@@ -77,6 +77,9 @@ TEST(Locations, IntegrationPointsStandApartInside) {
 TEST(Locations, TheCentreIsTheMeanOfTheNodes) {
     forEachShape([](shp_Shape const & shape) {
         Place const centre = row(shape.centerLocation, 0);
+        float iso[3];
+        shape.IsoParCentroidLocation(iso);
+        EXPECT_EQ(row(iso, 0), centre);
         // The pyramid's centre is its own, an infinite element's that of its domain; the third ring of a cohesive prism
         // is located at the midsides of the first.
         bool const isAway = shape.options.IsType(shp_keyPyramid) || isFar(shape) ||
@@ -126,42 +129,6 @@ TEST(Locations, PointsAtTheNodesHaveTheOrderOfTheNodes) {
             EXPECT_EQ(shape.intPtLocationTable, shape.nodeLocationTable);
         }
     });
-    // Lumped at the corners they run like a tensor product instead.
-    float const * lumped = shapeOf("DC3D8").intPtLocationTable;
-    EXPECT_EQ(row(lumped, 2), (Place{-1, 1, -1}));
-    EXPECT_EQ(row(lumped, 3), (Place{1, 1, -1}));
-    // The 14-point rule runs like the corner nodes, the 8-point rule like a tensor product.
-    EXPECT_EQ(shapeOf("C3D27R").intPtLocationTable[3 * 2], 0.7588f);
-    EXPECT_EQ(shapeOf("C3D20R").intPtLocationTable[3 * 2], -0.57735026f);
-}
-
-TEST(Locations, ThePyramidHasItsComputedEntry) {
-    auto const offset = static_cast<float>(std::sqrt(2.0 / 15.0) * 1.6);
-    float const * points = shapeOf("C3D5").intPtLocationTable;
-    float const signs[][2] = {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}};
-    for (int corner = 0; corner < 4; ++corner) {
-        EXPECT_FLOAT_EQ(points[3 * corner], signs[corner][0] * offset) << corner;
-        EXPECT_FLOAT_EQ(points[3 * corner + 1], signs[corner][1] * offset) << corner;
-        EXPECT_EQ(points[3 * corner + 2], -2.0f / 3) << corner;
-    }
-    EXPECT_EQ(row(shapeOf("FC3D5").intPtLocationTable, 0), (Place{0, 0, -0.5}));
-}
-
-// Digits that stored results depend on: shorter than their rule, or of another rule than the name suggests.
-TEST(Locations, KeepTheirShortLiterals) {
-    EXPECT_EQ(shapeOf("CPS6M").intPtLocationTable[0], 0.2083f);
-    EXPECT_EQ(shapeOf("CPS6M").intPtLocationTable[3], 0.5833f);
-    EXPECT_EQ(shapeOf("CPS6").intPtLocationTable[3], 2.0f / 3);
-    EXPECT_EQ(shapeOf("C3D10M").intPtLocationTable[0], 0.17708333f);
-    EXPECT_EQ(shapeOf("CIN3D18R").intPtLocationTable[2], -0.789f);
-    EXPECT_EQ(shapeOf("CIN3D18R").intPtLocationTable[3 * 9 + 2], -0.211f);
-    EXPECT_EQ(shapeOf("C3D20").intPtLocationTable[0], -0.774597f);
-    EXPECT_EQ(shapeOf("CPS8").intPtLocationTable[0], -0.77459669f);
-    EXPECT_EQ(shapeOf("SFMCL9").intPtLocationTable[0], -0.57735f);
-    EXPECT_EQ(shapeOf("C3D27R").intPtLocationTable[3 * 9], 0.7958f);
-    EXPECT_EQ(shapeOf("AC3D6").intPtLocationTable[0], 0.13819660f);
-    EXPECT_EQ(shapeOf("FRAME3D").intPtLocationTable[6], 0.0f); // the middle last
-    EXPECT_EQ(shapeOf("DC3D10").intPtLocationTable[3], 0.09197108f);
 }
 
 TEST(Locations, OfKeysOutsideTheCatalogue) {

@@ -35,6 +35,7 @@ TEST(Memory, EveryRefusalIsRaisedAsOutOfMemory) {
         EXPECT_THROW(allocate(1), mem_OutOfMemoryException);
     }
     EXPECT_THROW(mem_Allocator<double>().allocate(tooMuch / sizeof(double) + 2), mem_OutOfMemoryException);
+    EXPECT_TRUE(mem_Allocator<double>() == mem_Allocator<int>()) << "each frees what the other has given";
     delete new Large;
     mem_Free(nullptr);
     MemoryRefusal const noMemory;

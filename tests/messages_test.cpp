@@ -141,29 +141,35 @@ TEST(Assertion, RaisesWithTheTextOfItsCode) {
     }
 }
 
-TEST(Exceptions, KeepTheirTypeTextAndPlaceOnEveryWay) {
-    CmdException original(atr_String("not allowed: 14"), utf8);
-    EXPECT_EQ(original.DeveloperReport(utf8), "not allowed: 14");
-    auto const check = [](QVRBasException const & arrived) {
-        auto const & exception = dynamic_cast<CmdException const &>(arrived);
-        EXPECT_EQ(exception.GetCode(), 2);
-        EXPECT_EQ(exception.UserReport(utf8), "not allowed: 14");
-        EXPECT_EQ(exception.DeveloperReport(utf8), "not allowed: 14 (omu_PrimEnum:76)");
-    };
-    try {
-        original.Throw("omu_PrimEnum", 76);
-    } catch (nex_CommandException const & raised) {
-        check(raised);
-    }
-    EXPECT_THROW(original.Propagate(), CmdException);
+template <class Exception> void expectToStayItself(Exception original, int code, std::string const & text) {
+    EXPECT_EQ(original.DeveloperReport(utf8), text.c_str());
     original.SetTraceback("line 1");
+    auto const check = [&](QVRBasException const & arrived, char const * place, char const * traceback) {
+        auto const & exception = dynamic_cast<Exception const &>(arrived);
+        EXPECT_EQ(exception.GetCode(), code);
+        EXPECT_EQ(exception.UserReport(utf8), text.c_str());
+        EXPECT_EQ(exception.PythonType(), "");
+        EXPECT_EQ(exception.GetTracebackStr(), traceback);
+        EXPECT_EQ(exception.DeveloperReport(utf8), (text + place).c_str());
+    };
+    for (char const * file : {"omu_PrimEnum", static_cast<char const *>(nullptr)})
+        try {
+            original.Throw(file, 76);
+        } catch (nex_CommandException const & raised) {
+            check(raised, file ? " (omu_PrimEnum:76)" : "", "line 1");
+        }
     std::unique_ptr<QVRBasException> const clone(original.Clone());
     std::unique_ptr<nex_Exception> const copy(original.Copy());
     original.GetTraceback().Append(", line 2");
-    check(*clone);
-    check(*copy);
-    EXPECT_EQ(original.GetTracebackStr(), "line 1, line 2");
-    EXPECT_EQ(dynamic_cast<nex_CommandException &>(*copy).GetTracebackStr(), "line 1");
+    check(*clone, "", "line 1");
+    check(*copy, "", "line 1");
+    check(original, "", "line 1, line 2");
+}
+
+TEST(Exceptions, KeepTheirTypeTextAndPlaceOnEveryWay) {
+    expectToStayItself(CmdException(atr_String("not allowed: 14"), utf8), 2, "not allowed: 14");
+    expectToStayItself(PrimException(atr_String("missing")), 1, "missing");
+    expectToStayItself(nex_CommandException(), 0, "");
 }
 
 TEST(OutOfMemory, IsReportedWithNothingLeftAndAtAnyPointOfAReport) {

@@ -16,6 +16,7 @@
 
 #include <cmath>
 #include <functional>
+#include <memory>
 #include <set>
 
 namespace {
@@ -101,7 +102,15 @@ TEST(Persistence, EveryClassIsReadBackByItsNumberAlone) {
         Bytes const bytes = store.Bytes();
         Store const kept = fromBytes(bytes);
         EXPECT_EQ(kept.Bytes(), bytes);
-        EXPECT_EQ(bytesOf(AnyObject(cls_ReadVisitor(kept))), bytes) << text;
+        AnyObject const object{cls_ReadVisitor(kept)};
+        EXPECT_EQ(bytesOf(object), bytes) << text;
+        Store twice;
+        {
+            cls_WriteVisitor const pass(twice);
+            object.DBWrite(pass);
+            object.DBWrite(pass);
+        }
+        EXPECT_EQ(&twice[0] == &twice[1], !kept[0].uid.IsNull()) << text;
         classes.insert(kept[0].classNumber);
     }
     for (int i = 0; i < registrar().Length(); ++i) {
@@ -139,6 +148,19 @@ TEST(Persistence, ClassesAndComponentsHaveTheNumbersThatArchivesKnow) {
     EXPECT_EQ(typ_ArchCompTable::Find(676).NumRows(), 2u);
     EXPECT_EQ(typ_ArchCompTable::Find(831).NumRows(), 13u);
     EXPECT_EQ(typ_ArchCompTable::FindRow(0x2a50000), nullptr);
+}
+
+template <class T> void expectMadeAsStored(T const & object) {
+    Store const store = stored(object);
+    cls_ReadVisitor reader(store);
+    EXPECT_EQ(bytesOf(*std::unique_ptr<T>(T::Ctor(reader))), store.Bytes());
+}
+
+TEST(Persistence, SurfacesAreMadeOfWhatIsStored) {
+    expectMadeAsStored(surface());
+    expectMadeAsStored(surface().profile[1]);
+    expectMadeAsStored(olderSurface());
+    expectMadeAsStored(olderSurface().dataPairList[0]);
 }
 
 enum Oddity { none, missing, mistyped };
@@ -380,11 +402,18 @@ TEST(Persistence, ADescriptionIsReplacedAndRefusesWhatItHasNoMeansFor) {
     cls_WriteVisitor(store).StartWrite(omu_Primitive::TypeId(), cls_Uid());
     EXPECT_NE(readingRaises(store).find("omu_Primitive"), std::string::npos) << "abstract";
     EXPECT_THROW(registrar().Find("odiC_Exception")->DeleteCow(nullptr), Failure);
+    cls_ClassMetadata const plain("Plain", 0x70010001, 1, nullptr, 1);
+    EXPECT_THROW(plain.DBWrite(&store, cls_WriteVisitor(store)), Failure);
+    EXPECT_THROW(plain.Delete(&store), Failure);
+    EXPECT_NO_THROW(plain.Delete(nullptr));
     cls_ReadVisitor nothing(cls_ReadVisitor(store), "absent");
     EXPECT_THROW(registrar().Construct(nothing), Failure);
     cls_WriteVisitor(store).StartWrite(0x70010001, cls_Uid());
     cls_ReadVisitor unknown(store, 1);
     EXPECT_THROW(registrar().Construct(unknown), Failure);
+    EXPECT_THROW(plain.Ctor(unknown), Failure);
+    auto const itself = [](cls_ReadVisitor & reader) -> void * { return &reader; };
+    EXPECT_EQ(cls_ClassMetadata("Own", 0x70010002, 1, itself, 1).Ctor(unknown), &unknown);
 }
 
 } // namespace

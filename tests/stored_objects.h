@@ -12,6 +12,8 @@
 #include "shp_AnalyticRigidSurfaceData.h"
 #include "shp_AnalyticSurface.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <charconv>
 #include <initializer_list>
@@ -27,6 +29,9 @@ inline cls_MetadataRegistrar & registrar() {
 template <class T> cls_MemoryStore stored(T const & object) {
     cls_MemoryStore store;
     object.DBWrite(cls_WriteVisitor(store));
+    if constexpr (requires { object.DynTypeId(); }) {
+        EXPECT_EQ(object.DynTypeId(), store[0].classNumber);
+    }
     return store;
 }
 

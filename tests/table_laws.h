@@ -4,10 +4,8 @@
 // What the tests of constant tables share: places in isoparametric space, and laws with the element types that break
 // them on purpose.
 
+#include "catalogued_shapes.h"
 #include "shp_KeyBit.h"
-#include "shp_Shape.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
@@ -37,6 +35,14 @@ inline std::vector<Place> pointsOf(shp_Topology const & shape) {
     return rows(shape.intPtLocationTable, shape.BaseIntPtsPerElem());
 }
 
+inline double dot(Place const & a, Place const & b) {
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
+inline Place minus(Place const & a, Place const & b) {
+    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+}
+
 inline double distance(Place const & a, Place const & b) {
     return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
 }
@@ -50,9 +56,7 @@ inline Place mean(std::vector<Place> const & places) {
 }
 
 inline shp_Options optionsOf(std::initializer_list<unsigned int> bits) {
-    LongKey key;
-    key.setBits(static_cast<unsigned int>(bits.size()), bits.begin());
-    return shp_Options(key);
+    return shp_Options(keyOf(bits));
 }
 
 /// Element types by what their key says; an empty condition holds for all.

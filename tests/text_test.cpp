@@ -162,6 +162,11 @@ TEST(Strings, EncodingIsTheLocalesUnlessThatIsPlainOrUtf8) {
     EXPECT_EQ(cow_String("\xe2\x82\xac|\xf0\x9f\x98\x80|").UTF8ToLocale(), "?|?|");
     EXPECT_EQ(cow_String("\xc0\xaf|\xed\xa0\x80|\x80|\xf4\x90\x80\x80|\xe2\x82").UTF8ToLocale(),
               "\?\?|\?\?\?|?|\?\?\?\?|\?\?");
+    // The euro sign has three bytes in UTF-8; the other byte stands for nothing.
+    if (std::setlocale(LC_CTYPE, "el_GR.ISO-8859-7") != nullptr) {
+        EXPECT_EQ(cow_String("\xa4|\xae|\xe1").LocaleToUTF8(), "\xe2\x82\xac|?|\xce\xb1");
+        EXPECT_EQ(cow_String("\xe2\x82\xac|\xce\xb1").UTF8ToLocale(), "\xa4|\xe1");
+    }
     std::setlocale(LC_CTYPE, "C");
 }
 

@@ -201,19 +201,28 @@ TEST(HandMadeKeys, WithoutAShapeGiveAnEmptyTopology) {
     EXPECT_EQ(t.NumGeometryDimensions() + t.NumFacesPerElem(), 0);
     EXPECT_EQ(t.FaceTriangles(), nullptr);
     EXPECT_EQ(t.shapeFuncValue(3, 0, 0, 0), 0);
+    EXPECT_EQ(t.dUdGValue(3, 0, 0, 0) + t.dUdHValue(3, 0, 0, 0) + t.dUdRValue(3, 0, 0, 0), 0);
     g3d_Storage const corner(1, 2, 3);
     float iso[3] = {};
     EXPECT_EQ(t.InterpolatePointFromNodes(&corner, iso).X(), 0);
     EXPECT_EQ(t.ShapeFunctionJacobian(&corner, iso).GetM(0, 0), 1);
+    t.GetCenterNodeWeights(nullptr); // as many as there are nodes
+    t.ReverseElemConnectivity(nullptr);
 }
 
 // Sets of functions with more or fewer functions than the element has nodes: as many as both have, and nothing is
 // written past the nodes.
 TEST(HandMadeKeys, WithAForeignSetOfFunctionsWriteNoMoreThanTheirNodes) {
-    shp_Topology const & full = shapeOf("C3D27");
-    float const iso[3] = {0.25f, -0.5f, 0.125f};
-    for (unsigned int nodeBit : {unsigned{shp_keyNodes5}, unsigned{shp_keyNodes12}, unsigned{shp_keyNodes18}}) {
-        shp_Topology const t(keyOf({shp_keyHex, nodeBit, shp_keyIntPts8, shp_key3D}));
+    float iso[3] = {0.25f, -0.5f, 0.125f};
+    struct {
+        LongKey key;
+        shp_Topology const & full; ///< which has the functions
+    } const cases[] = {{keyOf({shp_keyHex, shp_keyNodes5, shp_keyIntPts8, shp_key3D}), shapeOf("C3D27")},
+                       {keyOf({shp_keyHex, shp_keyNodes12, shp_keyIntPts8, shp_key3D}), shapeOf("C3D27")},
+                       {keyOf({shp_keyHex, shp_keyNodes18, shp_keyIntPts8, shp_key3D}), shapeOf("C3D27")},
+                       {keyOf({shp_keyTri, shp_keyNodes8, shp_keyIntPts3, shp_key3D}), shapeOf("STRI65")}};
+    for (auto const & [key, full] : cases) {
+        shp_Topology const t(key);
         auto const nodes = static_cast<std::size_t>(t.BaseNodesPerElem());
         std::vector<float> weights(nodes + 1, 99.0f);
         t.CalculateNodesShapeWeight(iso, weights.data());
@@ -224,11 +233,31 @@ TEST(HandMadeKeys, WithAForeignSetOfFunctionsWriteNoMoreThanTheirNodes) {
         expected = functionsAt(full, t.intPtLocationTable);
         expected.resize(nodes);
         EXPECT_EQ(rowOf(t.intPointNodeWeights, 0, t.BaseNodesPerElem()), expected);
+
+        std::vector<g3d_Storage> coords;
+        bool const hasSlopes = t.hasDerivatives && t.NumGeometryDimensions() > 0;
+        double slopes[2] = {hasSlopes ? 0.0 : 1.0, hasSlopes ? 0.0 : 1.0};
+        for (int i = 0; i < t.BaseNodesPerElem(); ++i) {
+            coords.emplace_back(i * i, 7 * i % 5, 1 / (i + 1.0));
+            if (hasSlopes && i < full.BaseNodesPerElem()) {
+                slopes[0] += full.dUdGValue(i, iso[0], iso[1], iso[2]) * coords.back().X();
+                slopes[1] += full.dUdHValue(i, iso[0], iso[1], iso[2]) * coords.back().Y();
+            }
+        }
+        g3d_XForm const jacobian = t.ShapeFunctionJacobian(coords.data(), iso);
+        EXPECT_EQ(jacobian.GetM(0, 0), static_cast<float>(slopes[0]));
+        EXPECT_EQ(jacobian.GetM(1, 1), static_cast<float>(slopes[1]));
     }
     shp_Topology const crowdedPoint(keyOf({shp_keyPoint, shp_keyNodes3, shp_key3D}));
     std::vector<float> weights(3, 99.0f);
     crowdedPoint.CalculateNodesShapeWeight(iso, weights.data());
     EXPECT_EQ(weights, (std::vector<float>{1, 0, 0}));
+}
+
+TEST(HandMadeKeys, WithPlanesButWithoutEdgesHaveNodesAlone) {
+    shp_Topology const t(keyOf({shp_keyHex, shp_keyNodes9, shp_keyIntPts1, shp_key2D, shp_keyCaxa, shp_keyMode2}));
+    EXPECT_EQ(t.NumNodesPerElem(), 3 * 9);
+    EXPECT_EQ(t.edgeConnTbl, nullptr);
 }
 
 TEST(HandMadeKeys, WithALayerDirectionThatDoesNotExistKeepZeroWeights) {

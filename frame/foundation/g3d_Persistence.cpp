@@ -55,8 +55,7 @@ unsigned int g3d_Point::TypeId() {
 }
 
 void g3d_Point::DBWrite(cls_WriteVisitor const & writer) const {
-    if (writer.StartWrite(TypeId(), cls_Uid()) == 0)
-        return;
+    writer.StartWrite(TypeId(), cls_Uid());
     write(writer, x, y, z);
     writer.Write(wField, w);
 }
@@ -76,8 +75,8 @@ unsigned int g3d_Vector::TypeId() {
 }
 
 void g3d_Vector::DBWrite(cls_WriteVisitor const & writer) const {
-    if (writer.StartWrite(TypeId(), cls_Uid()) != 0)
-        write(writer, x, y, z);
+    writer.StartWrite(TypeId(), cls_Uid());
+    write(writer, x, y, z);
 }
 
 void g3d_Vector::InitializeMetadata(cls_ClassRegistrar & registrar) {
@@ -126,8 +125,8 @@ unsigned int uti_Coord3D::TypeId() {
 }
 
 void uti_Coord3D::DBWrite(cls_WriteVisitor const & writer) const {
-    if (writer.StartWrite(TypeId(), cls_Uid()) != 0)
-        write(writer, coords[0], coords[1], coords[2]);
+    writer.StartWrite(TypeId(), cls_Uid());
+    write(writer, coords[0], coords[1], coords[2]);
 }
 
 unsigned int uti_Coord3D::DynTypeId() const {
@@ -153,8 +152,7 @@ unsigned int uti_CoordCont3D::TypeId() {
 }
 
 void uti_CoordCont3D::DBWrite(cls_WriteVisitor const & writer) const {
-    if (writer.StartWrite(TypeId(), cls_Uid()) == 0)
-        return;
+    writer.StartWrite(TypeId(), cls_Uid());
     cls_WriteVisitor const list(writer, coordsField);
     list.StartWrite(cls_ClassNumber_LIST, cls_Uid());
     for (int i = 0; i < Length(); ++i) {

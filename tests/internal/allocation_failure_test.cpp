@@ -1,11 +1,7 @@
 // GetShape survives the failure of any single allocation: nothing leaks, nothing breaks, the next request succeeds.
 
-#include "mem_Alloc.h"
-#include "mem_OutOfMemoryException.h"
-#include "shp_Shape.h"
-#include "shp_ShapeDictionary.h"
-
-#include <gtest/gtest.h>
+#include "../catalogued_shapes.h"
+#include "../memory_refusals.h"
 
 #include <cstdlib>
 
@@ -22,29 +18,6 @@ void __wrap_free(void * block);
 namespace {
 
 int liveBlocks = 0;
-int allocationsUntilFailure = 0;
-
-bool failsNow(std::size_t) {
-    return --allocationsUntilFailure == 0;
-}
-
-shp_ShapeDictionary & dictionary() {
-    return omi_Singleton<shp_ShapeDictionary>::Instance();
-}
-
-/// True if the request failed for want of memory at its n-th allocation, false if it succeeded before that.
-bool requestFailsAt(int n, cow_String const & label) {
-    allocationsUntilFailure = n;
-    mem_SetFailureHook(failsNow);
-    bool failed = false;
-    try {
-        EXPECT_NE(dictionary().GetShape(label), nullptr);
-    } catch (mem_OutOfMemoryException const &) {
-        failed = true;
-    }
-    mem_SetFailureHook(nullptr);
-    return failed;
-}
 
 } // namespace
 
@@ -68,24 +41,20 @@ void __wrap_free(void * block) {
 class AllocationFailure : public testing::TestWithParam<char const *> {};
 
 TEST_P(AllocationFailure, LeavesNothingBehindAndTheNextRequestSucceeds) {
-    char const * const label = GetParam();
-    omi_SingletonBase<shp_ShapeDictionary>::Finalize();
-    bool failed = true;
-    int n = 0;
-    while (failed) {
-        ++n;
-        dictionary();
-        int const before = liveBlocks;
-        failed = requestFailsAt(n, label);
-        if (failed) {
-            EXPECT_EQ(liveBlocks, before) << label << ", allocation " << n;
-        }
-        shp_Shape const * const shape = dictionary().GetShape(label);
-        ASSERT_NE(shape, nullptr) << label << ", after allocation " << n;
-        EXPECT_EQ(dictionary().GetShape(label), shape);
+    int before = 0;
+    auto const prepare = [&] {
         omi_SingletonBase<shp_ShapeDictionary>::Finalize();
-    }
-    EXPECT_GT(n, 5) << "the library allocates past the hook";
+        dictionary();
+        before = liveBlocks;
+    };
+    prepare();
+    auto const afterRefusal = [&] {
+        EXPECT_EQ(liveBlocks, before);
+        EXPECT_EQ(dictionary().GetShape(GetParam()), &shapeOf(GetParam()));
+        prepare();
+    };
+    EXPECT_GT(refuseEachAllocation([] { shapeOf(GetParam()); }, afterRefusal), 4) << "the library allocates past it";
+    omi_SingletonBase<shp_ShapeDictionary>::Finalize();
 }
 
 // One label of each family, a CAXA and a layered one.
@@ -93,30 +62,15 @@ INSTANTIATE_TEST_SUITE_P(Families, AllocationFailure,
                          testing::Values("ARSR", "MASS", "B32", "STRI65", "S8R", "C3D10M", "C3D5", "C3D15", "C3D20R",
                                          "CAXA82", "C3D8C2"));
 
-/// True if the dictionary's construction failed for want of memory at its n-th allocation.
-static bool constructionFailsAt(int n) {
-    allocationsUntilFailure = n;
-    mem_SetFailureHook(failsNow);
-    bool failed = false;
-    try {
-        dictionary();
-    } catch (mem_OutOfMemoryException const &) {
-        failed = true;
-    }
-    mem_SetFailureHook(nullptr);
-    return failed;
-}
-
 TEST(AllocationFailure, OfTheDictionaryLeavesNothingBehindAndFinalizeAllowsAnother) {
     dictionary(); // the registry keeps the room that it once had
     omi_SingletonBase<shp_ShapeDictionary>::Finalize();
     int const before = liveBlocks;
-    int n = 1;
-    for (; constructionFailsAt(n); ++n) {
+    auto const afterRefusal = [&] {
         omi_SingletonBase<shp_ShapeDictionary>::Finalize();
-        ASSERT_EQ(liveBlocks, before) << "allocation " << n;
-    }
-    EXPECT_GT(n, 50) << "the library allocates past the hook";
+        ASSERT_EQ(liveBlocks, before);
+    };
+    EXPECT_GT(refuseEachAllocation([] { dictionary(); }, afterRefusal), 50) << "the library allocates past it";
     EXPECT_TRUE(dictionary().Keys().IsMember("C3D8"));
     omi_SingletonBase<shp_ShapeDictionary>::Finalize();
     EXPECT_EQ(liveBlocks, before);
@@ -124,8 +78,10 @@ TEST(AllocationFailure, OfTheDictionaryLeavesNothingBehindAndFinalizeAllowsAnoth
 
 TEST(AllocationFailure, DoesNotHappenWithABuiltLabelOfTheCatalogue) {
     for (char const * label : {"C3D20R", "c3d20r", "DASHPOT1", "c3D15vHC3", "b21", "s4"}) {
-        dictionary().GetShape(label);
-        EXPECT_FALSE(requestFailsAt(1, label)) << label;
+        cow_String const text = label;
+        dictionary().GetShape(text);
+        MemoryRefusal const noMemory;
+        EXPECT_NE(dictionary().GetShape(text), nullptr) << label;
     }
     omi_SingletonBase<shp_ShapeDictionary>::Finalize();
 }

@@ -86,27 +86,16 @@ ConstantTable tableAt(std::string const & file, std::string const & name, char *
 }
 
 /// The keys of the catalogue, by the header that declares them: they stand beside texts.
-void appendCatalogue(std::vector<ConstantTable> & tables) {
-    std::pair<char const *, shp_CatalogueFamily const *> const families[] = {
-        {"rowsARS", &shp_catalogueARS},     {"rowsPoint", &shp_cataloguePoint}, {"rowsLine", &shp_catalogueLine},
-        {"rowsTri", &shp_catalogueTri},     {"rowsQuad", &shp_catalogueQuad},   {"rowsTetra", &shp_catalogueTetra},
-        {"rowsPyramid", &shp_cataloguePyr}, {"rowsPrism", &shp_cataloguePrism}, {"rowsHex", &shp_catalogueHex}};
-    for (auto const & [name, family] : families) {
-        ConstantTable table{"shp_Catalogue.cpp", name, {}};
-        auto const add = [&](auto const & number) {
-            table.entries.push_back({const_cast<void *>(static_cast<void const *>(&number)), Kind::integer});
-        };
-        add(family->shape);
-        for (shp_CatalogueRow const & row : family->rows) {
-            add(row.nodes);
-            add(row.points);
-            add(row.space);
-            for (shp_KeyBit const & bit : row.flags)
-                add(bit);
-            add(row.modes);
-        }
-        tables.push_back(table);
-    }
+ConstantTable catalogueKeys() {
+    ConstantTable table{"shp_Catalogue.cpp", "keys", {}};
+    for (shp_CatalogueEntries const family :
+         {shp_catalogueARS, shp_cataloguePoint, shp_catalogueLine, shp_catalogueTri, shp_catalogueQuad,
+          shp_catalogueTetra, shp_cataloguePyr, shp_cataloguePrism, shp_catalogueHex})
+        for (shp_CatalogueEntry const & entry : family)
+            for (unsigned int bit = 0; bit < LongKey::numBits; ++bit)
+                if (entry.key.hasBit(bit))
+                    table.entries.push_back({const_cast<LongKey *>(&entry.key), Kind::key, bit});
+    return table;
 }
 
 } // namespace
@@ -122,6 +111,12 @@ bool TableEntry::change() const {
         float const changed = number + 1e-3f;
         std::memcpy(address, &changed, sizeof changed);
         return changed != number;
+    }
+    if (kind == Kind::key) {
+        auto * const bytes = static_cast<unsigned char *>(address);
+        bytes[bit / 8] &= static_cast<unsigned char>(~(1u << bit % 8));
+        bytes[(bit + 1) / 8] |= static_cast<unsigned char>(1u << (bit + 1) % 8);
+        return true;
     }
     int number;
     std::memcpy(&number, address, sizeof number);
@@ -165,6 +160,6 @@ std::vector<ConstantTable> constantTables() {
                     tableAt(origin, plainName(name), reinterpret_cast<char *>(base + symbol.st_value), symbol.st_size));
         }
     }
-    appendCatalogue(tables);
+    tables.push_back(catalogueKeys());
     return tables;
 }

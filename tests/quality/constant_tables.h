@@ -7,11 +7,13 @@
 
 /// One number of a constant table of the library, as it lies in this process's memory.
 struct TableEntry {
-    enum class Kind { integer, real, flag };
+    enum class Kind { integer, real, flag, key };
     void * address;
     Kind kind;
+    unsigned int bit = 0; ///< of a key
 
-    /// Adds 1 to an integer, 1e-3 to a real number, and turns a flag. False when that changes nothing.
+    /// Adds 1 to an integer or to the number of a key's bit, 1e-3 to a real number, and turns a flag. False when that
+    /// changes nothing.
     bool change() const;
 };
 

@@ -1,4 +1,4 @@
-# readme_output.sh README SHOWN PROGRAM [ARGUMENTS]: what the program prints is what the README shows of it, in the first
+# output.sh README SHOWN PROGRAM [ARGUMENTS]: what the program prints is what the README shows of it, in the first
 # text block behind the words SHOWN. A line "..." there stands for one line or more.
 readme=$1
 shown=$2
