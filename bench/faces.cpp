@@ -26,14 +26,15 @@ constexpr char ofFaceItem[] = "face normal, the face's nodes at hand";
 constexpr char faceItem[] = "face centroid";
 constexpr char elementItem[] = "element centroid";
 
-/// The elements of a set with their positions as the library takes them for faces; face i % faces of element i is asked
-/// for.
+/// The elements of a set with their positions as the library takes them for faces, and the face that is asked for of
+/// each.
 struct Solids {
     explicit Solids(SharedSet elements)
         : set(std::move(elements)), shape(*set->shape), numbers(static_cast<std::size_t>(set->nodeCount())),
-          coords(setSize), faceCoords(setSize), faceNodes(setSize) {
+          faces(setSize), coords(setSize), faceCoords(setSize), faceNodes(setSize) {
         std::iota(numbers.begin(), numbers.end(), 0);
         for (int i = 0; i < setSize; ++i) {
+            faces[i] = i % shape.NumFacesPerElem();
             for (int n = 0; n < set->nodeCount(); ++n) {
                 hand::Point const & p = set->nodes(i)[n];
                 coords[i].SetCoord(n, static_cast<float>(p[0]), static_cast<float>(p[1]), static_cast<float>(p[2]));
@@ -44,7 +45,7 @@ struct Solids {
         }
     }
 
-    int faceOf(int i) const { return i % shape.NumFacesPerElem(); }
+    int faceOf(int i) const { return faces[i]; }
     int nodesOf(int i) const { return shape.NumNodesPerFace(faceOf(i)); }
     bool isPyramid() const { return set->type.byHand == &hand::pyramid5; }
     int cornersOf(int i) const { return shape.NumEdgesPerFace(faceOf(i)); }
@@ -59,7 +60,7 @@ struct Solids {
         int face[9];
         float normal[3];
         shape.FaceConnectivity(numbers.data(), faceOf(i), face);
-        for (int k = 0; k < nodesOf(i); ++k)
+        for (int k = 0, count = nodesOf(i); k < count; ++k)
             gathered.SetCoord(k, coords[i][face[k]]);
         shape.ComputeFaceNormal(face, faceOf(i), gathered, normal);
         return {normal[0], normal[1], normal[2]};
@@ -76,6 +77,7 @@ struct Solids {
     SharedSet set;
     shp_Shape const & shape;
     std::vector<int> numbers;
+    std::vector<int> faces;                          ///< by element
     std::vector<uti_CoordCont3D> coords, faceCoords; ///< by element
     std::vector<std::array<int, 9>> faceNodes;       ///< by element
     mutable uti_CoordCont3D gathered;

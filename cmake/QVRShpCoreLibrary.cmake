@@ -27,7 +27,7 @@ function(qvrshpcore_configure target)
     # Called only where the machine has the instructions.
     set_source_files_properties(${PROJECT_SOURCE_DIR}/QVRShpShape/QVRShpShp.m/src/shp_WeightedSumsAvx.cpp
                                 TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS -mavx)
-    set_source_files_properties(${PROJECT_SOURCE_DIR}/QVRShpShape/QVRShpShp.m/src/shp_SetOperationsAvx2.cpp
+    set_source_files_properties(${PROJECT_SOURCE_DIR}/QVRShpShape/QVRShpShp.m/src/shp_VectorKernelsAvx2.cpp
                                 TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS -mavx2)
   endif()
   target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>

@@ -562,7 +562,7 @@ template <class T> void cow_List<T>::CopyArray() {
 template <class T> void cow_List<T>::IsolateRange(int from, int to) {
     for (int b = blockOf(from); b <= blockOf(to); ++b) {
         if (blocks[b] == nullptr) {
-            blocks[b] = Block::Create(blockSize());
+            blocks[b] = new Block(blockSize());
         } else if (blocks[b]->count > 1) {
             Block * const copy = copyOfBlock(b, length);
             --blocks[b]->count;
@@ -598,7 +598,7 @@ template <class T> typename cow_List<T>::Range cow_List<T>::liveElements(int blo
 
 /// A new block with copies of those elements of a block whose index is below `end`.
 template <class T> typename cow_List<T>::Block * cow_List<T>::copyOfBlock(int block, int end) const {
-    std::unique_ptr<Block> copy(Block::Create(blockSize()));
+    auto copy = std::make_unique<Block>(blockSize());
     Range const live = liveElements(block);
     int const firstSlot = slotOf(live.first);
     T const * const source = blocks[block]->items + firstSlot;

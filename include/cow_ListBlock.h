@@ -4,7 +4,6 @@
 #include "mem_AllocationOperatorsTiny.h"
 
 #include <cstddef>
-#include <new>
 
 template <class T> class QVRSHPCORE_API cow_List;
 
@@ -16,10 +15,7 @@ public:
     explicit cow_ListBlock(int size) : items(static_cast<T *>(mem_Malloc(sizeof(T) * static_cast<std::size_t>(size)))) {
         static_assert(alignof(T) <= alignof(std::max_align_t), "blocks are aligned for fundamental types only");
     }
-    ~cow_ListBlock() {
-        if (items != storageBehind())
-            mem_Free(items);
-    }
+    ~cow_ListBlock() { mem_Free(items); }
     cow_ListBlock(cow_ListBlock const &) = delete;
     cow_ListBlock & operator=(cow_ListBlock const &) = delete;
 
@@ -29,19 +25,6 @@ public:
 
     int count = 1; ///< distinct arrays of block pointers that point at this block
     T * items;     ///< room for `size` elements
-
-private:
-    friend class cow_List<T>;
-
-    explicit cow_ListBlock(T * storage) noexcept : items(storage) {}
-
-    /// A block in one piece with its storage, which spares half of the allocations of a list that grows.
-    static cow_ListBlock * Create(int size) {
-        static_assert(sizeof(cow_ListBlock) % alignof(T) == 0, "the storage is aligned as the block is");
-        void * const piece = mem_Malloc(sizeof(cow_ListBlock) + sizeof(T) * static_cast<std::size_t>(size));
-        return ::new (piece) cow_ListBlock(static_cast<cow_ListBlock *>(piece)->storageBehind());
-    }
-    T * storageBehind() noexcept { return reinterpret_cast<T *>(this + 1); }
 };
 
 #endif

@@ -19,38 +19,46 @@ public:
     }
 
     /// Goes back to the first element.
-    void First() { goTo(list.firstOffset); }
-    /// Goes to the next element.
+    void First() {
+        int const slot = list.firstOffset & (blockSize - 1);
+        enterBlock(list.firstOffset - slot, slot);
+    }
+    /// Goes to the next element; stays at the end.
     void Next() {
-        if (++slot == endSlot)
-            goTo(blockPosition + slot);
+        if (currentBlockItems != nullptr && ++current == blockEnd)
+            enterBlock(blockPosition + blockSize, 0);
     }
     /// Whether the iterator has passed the last element, and whether it has not.
     bool IsDone() const { return currentBlockItems == nullptr; }
     bool NotDone() const { return !IsDone(); }
 
-    /// The element and its index. There must be one (not checked).
-    T const & CurrentItem() const { return currentBlockItems[slot]; }
-    int ArrayIndex() const { return blockPosition + slot - list.firstOffset; }
+    /// The element. There must be one (not checked).
+    T const & CurrentItem() const { return *current; }
+    /// The index of the element; the length of the list at the end.
+    int ArrayIndex() const { return blockPosition + static_cast<int>(current - currentBlockItems) - list.firstOffset; }
 
 private:
-    /// Positions are counted as cow_List counts them.
-    void goTo(int position) {
-        slot = position & (blockSize - 1);
-        blockPosition = position - slot;
-        bool const isEnd = position >= endPosition;
-        currentBlockItems = isEnd ? nullptr : list.blocks[position >> list.blockShift]->items;
-        if (!isEnd)
-            endSlot = std::min(endPosition - blockPosition, blockSize);
+    /// Stands on a slot of the block that begins at `position`, or at the end. Positions are counted as cow_List counts
+    /// them.
+    void enterBlock(int position, int slot) {
+        if (position + slot >= endPosition) {
+            currentBlockItems = current = blockEnd = nullptr;
+            blockPosition = endPosition;
+            return;
+        }
+        currentBlockItems = list.blocks[position >> list.blockShift]->items;
+        current = currentBlockItems + slot;
+        blockEnd = currentBlockItems + std::min(endPosition - position, blockSize);
+        blockPosition = position;
     }
 
     cow_List<T> list;
     T const * currentBlockItems = nullptr; ///< null at the end
     int endPosition;                       ///< behind the last element
     int blockSize;
-    int blockPosition = 0; ///< of the block's first slot
-    int slot = 0;          ///< index inside the block
-    int endSlot = 0;       ///< behind the block's last element
+    int blockPosition = 0;        ///< of the block's first slot; the end's at the end
+    T const * current = nullptr;  ///< points at the element; null at the end
+    T const * blockEnd = nullptr; ///< behind the last element of the block; null at the end
 };
 
 extern template class cow_ListIter<unsigned int>;

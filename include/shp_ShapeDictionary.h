@@ -4,12 +4,10 @@
 #include "LongKey.h"
 #include "QVRShpCore_Export.h"
 #include "cow_String.h"
-#include "mem_Allocator.h"
 #include "omi_Btree.h"
 #include "omi_Singleton.h"
 #include "omn_FixedString.h"
 
-#include <deque>
 #include <memory>
 
 class aio_ostream;
@@ -73,14 +71,23 @@ private:
 
     shp_ShapeDictionary();
 
-    void addKey(cow_String const & label, LongKey const & key);
+    struct GeneratedKeys;
+    void GenerateARSShapeKeys(GeneratedKeys & generated);
+    void GeneratePointShapeKeys(GeneratedKeys & generated);
+    void GenerateLineShapeKeys(GeneratedKeys & generated);
+    void GenerateTriShapeKeys(GeneratedKeys & generated);
+    void GenerateQuadShapeKeys(GeneratedKeys & generated);
+    void GenerateTetraShapeKeys(GeneratedKeys & generated);
+    void GeneratePyrShapeKeys(GeneratedKeys & generated);
+    void GeneratePrismShapeKeys(GeneratedKeys & generated);
+    void GenerateHexShapeKeys(GeneratedKeys & generated);
+    void release();
     shp_Shape const * findOrBuild(cow_String const & label) const;
 
-    omi_Btree<cow_String, void *> keys;           ///< label to LongKey *, one of keyStore
-    mutable omi_Btree<cow_String, void *> shapes; ///< upper-case label to shp_Shape *, owned; filled by GetShape
-    mutable unsigned int nextShapeRef = 0;        ///< shapeRef of the next shape
-    std::deque<LongKey, mem_Allocator<LongKey>> keyStore; ///< only grows: a key stays where it is
-    mutable std::unique_ptr<shp_LabelIndex> builtShapes;  ///< the quick way into `shapes`, from the first shape on
+    omi_Btree<cow_String, void *> keys;                  ///< label to LongKey *, owned
+    mutable omi_Btree<cow_String, void *> shapes;        ///< upper-case label to shp_Shape *, owned; filled by GetShape
+    mutable unsigned int nextShapeRef = 0;               ///< shapeRef of the next shape
+    mutable std::unique_ptr<shp_LabelIndex> builtShapes; ///< the quick way into `shapes`, from the first shape on
 };
 
 extern template class omi_SingletonBase<shp_ShapeDictionary>;

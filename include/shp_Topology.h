@@ -34,9 +34,8 @@ using shp_FunctionEvaluator = void (*)(float g, float h, float r, float * out);
 /// The point of space at `iso[3]`, from the positions of the nodes.
 using shp_PointEvaluator = g3d_Storage (*)(g3d_Storage const * coords, float const * iso);
 
-/// Derivatives of x, y, z (`sums[3][4]`, rows) with respect to g, h, r (columns 1 to 3), from the positions of the
-/// nodes.
-using shp_TangentEvaluator = void (*)(g3d_Storage const * coords, float g, float h, float r, double (*sums)[4]);
+/// The Jacobian at `iso`, all rows of a g3d_XForm, from the positions of the nodes.
+using shp_JacobianEvaluator = void (*)(g3d_Storage const * coords, float const * iso, float (*rows)[4]);
 
 /// How an iteration ends. It is unusual, and left to be done otherwise, where numbers are very large or are none.
 enum class shp_Iteration { converged, failed, unusual };
@@ -130,7 +129,12 @@ public:
     // Weights of nodes. Every `weights` array has BaseNodesPerElem() entries, in node order.
 
     /// The shape functions' values at `iso[3]`: node i's share of a value there.
-    void CalculateNodesShapeWeight(float const * iso, float * weights) const;
+    void CalculateNodesShapeWeight(float const * iso, float * weights) const {
+        if (evaluateFunctions)
+            evaluateFunctions(iso[0], iso[1], iso[2], weights);
+        else
+            callShapeFunctions(iso, weights);
+    }
     /// Cylindrical elements: copies the table of centroid weights, as many floats as the element has integration
     /// points; `iso` is ignored. Leaves `weights` as it was for every other element, and where there is no table.
     void CalculateCylindricalCentroidWeights(float const * iso, float * weights) const;
@@ -319,6 +323,7 @@ public:
     int numIntPtsPerElem = 0;      ///< the element's full integration point count
     int numFacesPerElem = 0;       ///< a two-dimensional element has one face
     int numFaceTriangles = 0;      ///< rows of `faceTriTbl`
+    int numTrianglePoints = 0;     ///< one more than the largest number in `faceTriTbl`
     int maxEdgesPerFace = 0;       ///< stride of the per-edge tables; a face with fewer edges keeps its empty slots
     int maxNodesPerFace = 0;       ///< stride of `faceConnTbl`
     int maxNodesPerEdge = 0;       ///< stride of `edgeConnTbl`
@@ -406,8 +411,8 @@ public:
     int numShapeFunctions = 0; ///< entries of `shapeFunctions` that may be called, at most `baseNodesPerElem`
     int numDerivatives = 0;    ///< the same for each of the derivative arrays
 
-    shp_PointEvaluator evaluatePoint = nullptr;      ///< behind InterpolatePointFromNodes; null as above
-    shp_TangentEvaluator evaluateTangents = nullptr; ///< behind ShapeFunctionJacobian; null as above
+    shp_PointEvaluator evaluatePoint = nullptr;       ///< behind InterpolatePointFromNodes; null as above
+    shp_JacobianEvaluator evaluateJacobian = nullptr; ///< behind ShapeFunctionJacobian; null as above
     shp_Locator locator = nullptr;   ///< behind FindIsoPointLocation; null also where values have another set
     float isoLow[3] = {1, 1, 1};     ///< low corner of the box around the node locations, 1 at most
     float isoHigh[3] = {-1, -1, -1}; ///< its high corner, -1 at least
@@ -432,6 +437,9 @@ private:
     void buildFaceCenterNodeWeights();
     void stackLayers();
     void buildIntPointNodeWeights();
+
+    /// CalculateNodesShapeWeight, one function after the other.
+    void callShapeFunctions(float const * iso, float * weights) const;
 
     /// One node plane of a CAXA element, at `angle` degrees, into `nodal[baseNodesPerElem][numComps]`.
     void GetNodalValueFromIntPlanes(float angle, float const * values, float * nodal, int numComps,

@@ -88,10 +88,13 @@ ConstantTable tableAt(std::string const & file, std::string const & name, char *
 /// The keys of the catalogue, by the header that declares them: they stand beside texts.
 ConstantTable catalogueKeys() {
     ConstantTable table{"shp_Catalogue.cpp", "keys", {}};
-    for (shp_CatalogueEntry const & entry : shp_catalogue)
-        for (unsigned int bit = 0; bit < LongKey::numBits; ++bit)
-            if (entry.key.hasBit(bit))
-                table.entries.push_back({const_cast<LongKey *>(&entry.key), Kind::key, bit});
+    for (shp_CatalogueEntries const family :
+         {shp_catalogueARS, shp_cataloguePoint, shp_catalogueLine, shp_catalogueTri, shp_catalogueQuad,
+          shp_catalogueTetra, shp_cataloguePyr, shp_cataloguePrism, shp_catalogueHex})
+        for (shp_CatalogueEntry const & entry : family)
+            for (unsigned int bit = 0; bit < LongKey::numBits; ++bit)
+                if (entry.key.hasBit(bit))
+                    table.entries.push_back({const_cast<LongKey *>(&entry.key), Kind::key, bit});
     return table;
 }
 

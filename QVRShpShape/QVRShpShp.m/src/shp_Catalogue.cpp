@@ -374,11 +374,18 @@ struct Family {
     std::span<Row const> rows;
 };
 
-constexpr Family families[] = {
-    {shp_keyARS, rowsARS},     {shp_keyPoint, rowsPoint}, {shp_keyLine, rowsLine},
-    {shp_keyTri, rowsTri},     {shp_keyQuad, rowsQuad},   {shp_keyTetra, rowsTetra},
-    {shp_keyPyramid, rowsPyr}, {shp_keyPrism, rowsPrism}, {shp_keyHex, rowsHex},
-};
+constexpr Family ARS = {shp_keyARS, rowsARS};
+constexpr Family point = {shp_keyPoint, rowsPoint};
+constexpr Family line = {shp_keyLine, rowsLine};
+constexpr Family tri = {shp_keyTri, rowsTri};
+constexpr Family quad = {shp_keyQuad, rowsQuad};
+constexpr Family tetra = {shp_keyTetra, rowsTetra};
+constexpr Family pyr = {shp_keyPyramid, rowsPyr};
+constexpr Family prism = {shp_keyPrism, rowsPrism};
+constexpr Family hex = {shp_keyHex, rowsHex};
+
+/// In the order of generation.
+constexpr Family const * families[] = {&ARS, &point, &line, &tri, &quad, &tetra, &pyr, &prism, &hex};
 
 constexpr LongKey keyOf(Family const & family, Row const & row) {
     LongKey key;
@@ -401,73 +408,96 @@ constexpr std::string_view takeLabel(std::string_view & labels) {
 }
 
 /// Calls `visit(label, modeDigit, key)` for all labels, row by row; the digit is 0 where the label has none behind it.
-template <class Visit> constexpr void forEachLabel(Visit visit) {
-    for (Family const & family : families)
-        for (Row const & row : family.rows) {
-            LongKey const key = keyOf(family, row);
-            for (std::string_view rest = row.labels; !rest.empty();) {
-                std::string_view const label = takeLabel(rest);
-                if (row.modes == 0)
-                    visit(label, '\0', key);
-                else
-                    shp_forEachMode(key, row.modes, [&](int mode, LongKey const & keyOfMode) {
-                        visit(label, static_cast<char>('0' + mode), keyOfMode);
-                    });
-            }
+template <class Visit> constexpr void forEachLabel(Family const & family, Visit visit) {
+    for (Row const & row : family.rows) {
+        LongKey const key = keyOf(family, row);
+        for (std::string_view rest = row.labels; !rest.empty();) {
+            std::string_view const label = takeLabel(rest);
+            if (row.modes == 0)
+                visit(label, '\0', key);
+            else
+                shp_forEachMode(key, row.modes, [&](int mode, LongKey const & keyOfMode) {
+                    visit(label, static_cast<char>('0' + mode), keyOfMode);
+                });
         }
+    }
 }
 
-constexpr std::size_t labelCount() {
+constexpr std::size_t labelCount(Family const & family) {
     std::size_t count = 0;
-    forEachLabel([&](std::string_view, char, LongKey const &) { ++count; });
+    forEachLabel(family, [&](std::string_view, char, LongKey const &) { ++count; });
     return count;
 }
 
-using Entries = std::array<shp_CatalogueEntry, labelCount()>;
+/// The labels of the families that are generated before this one, or of all before null.
+constexpr std::size_t labelsBefore(Family const * family) {
+    std::size_t count = 0;
+    for (Family const * const earlier : families) {
+        if (earlier == family)
+            break;
+        count += labelCount(*earlier);
+    }
+    return count;
+}
+static_assert(labelsBefore(nullptr) == shp_catalogueSize);
 
 /// Numbers in the order of the texts that they stand for.
-struct Rank {
+struct SortKey {
     std::uint64_t first, rest; ///< the bytes of the label, the first one on top
     std::size_t index;
 
-    constexpr bool operator<(Rank const & other) const {
+    constexpr bool operator<(SortKey const & other) const {
         return first < other.first || (first == other.first && rest < other.rest);
     }
 };
 
-constexpr Rank rankOf(shp_CatalogueEntry const & entry, std::size_t index) {
-    Rank rank = {0, 0, index};
+constexpr SortKey sortKeyOf(shp_CatalogueEntry const & entry, std::size_t index) {
+    SortKey sortKey = {0, 0, index};
     for (std::size_t i = 0; i < 8; ++i) {
-        rank.first = rank.first << 8 | static_cast<unsigned char>(entry.label[i]);
-        rank.rest = rank.rest << 8 | static_cast<unsigned char>(i + 8 < sizeof entry.label ? entry.label[i + 8] : '\0');
+        sortKey.first = sortKey.first << 8 | static_cast<unsigned char>(entry.label[i]);
+        sortKey.rest = sortKey.rest << 8 | static_cast<unsigned char>(i + 8 < sizeof entry.label ? entry.label[i + 8] : '\0');
     }
-    return rank;
+    return sortKey;
 }
 
-constexpr Entries sortedEntries() {
+using Entries = std::array<shp_CatalogueEntry, shp_catalogueSize>;
+
+constexpr Entries rankedEntries() {
     Entries entries = {};
-    std::array<Rank, labelCount()> ranks = {};
+    std::array<SortKey, shp_catalogueSize> order = {};
     std::size_t count = 0;
-    forEachLabel([&](std::string_view label, char modeDigit, LongKey const & key) {
-        shp_CatalogueEntry & entry = entries[count];
-        std::size_t const length = label.size() + (modeDigit != '\0' ? 1 : 0);
-        if (length >= sizeof entry.label)
-            throw "a label is too long";
-        std::copy(label.begin(), label.end(), entry.label);
-        entry.label[label.size()] = modeDigit;
-        entry.key = key;
-        ranks[count] = rankOf(entry, count);
-        ++count;
-    });
-    std::sort(ranks.begin(), ranks.end());
-    Entries sorted = {};
-    for (std::size_t i = 0; i < count; ++i)
-        sorted[i] = entries[ranks[i].index];
-    return sorted;
+    for (Family const * const family : families)
+        forEachLabel(*family, [&](std::string_view label, char modeDigit, LongKey const & key) {
+            shp_CatalogueEntry & entry = entries[count];
+            std::size_t const length = label.size() + (modeDigit != '\0' ? 1 : 0);
+            if (length >= sizeof entry.label)
+                throw "a label is too long";
+            std::copy(label.begin(), label.end(), entry.label);
+            entry.label[label.size()] = modeDigit;
+            entry.key = key;
+            order[count] = sortKeyOf(entry, count);
+            ++count;
+        });
+    std::sort(order.begin(), order.end());
+    for (std::size_t rank = 0; rank < count; ++rank)
+        entries[order[rank].index].rank = static_cast<short>(rank);
+    return entries;
 }
 
-constexpr Entries entries = sortedEntries();
+constexpr Entries entries = rankedEntries();
+
+constexpr shp_CatalogueEntries entriesOf(Family const & family) {
+    return shp_CatalogueEntries(entries).subspan(labelsBefore(&family), labelCount(family));
+}
 
 } // namespace
 
-constexpr std::span<shp_CatalogueEntry const> shp_catalogue = entries;
+constexpr shp_CatalogueEntries shp_catalogueARS = entriesOf(ARS);
+constexpr shp_CatalogueEntries shp_cataloguePoint = entriesOf(point);
+constexpr shp_CatalogueEntries shp_catalogueLine = entriesOf(line);
+constexpr shp_CatalogueEntries shp_catalogueTri = entriesOf(tri);
+constexpr shp_CatalogueEntries shp_catalogueQuad = entriesOf(quad);
+constexpr shp_CatalogueEntries shp_catalogueTetra = entriesOf(tetra);
+constexpr shp_CatalogueEntries shp_cataloguePyr = entriesOf(pyr);
+constexpr shp_CatalogueEntries shp_cataloguePrism = entriesOf(prism);
+constexpr shp_CatalogueEntries shp_catalogueHex = entriesOf(hex);

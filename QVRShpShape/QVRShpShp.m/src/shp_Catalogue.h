@@ -8,14 +8,28 @@
 #include <iterator>
 #include <span>
 
-/// A label, in upper case, and its key.
+/// A label, in upper case, its key, and its place among all labels in ascending order.
 struct shp_CatalogueEntry {
     char label[10];
+    short rank;
     LongKey key;
 };
 
-/// All labels, in ascending order, each once.
-extern std::span<shp_CatalogueEntry const> const shp_catalogue;
+/// All labels of a shape family, each once, in the order of their rows.
+using shp_CatalogueEntries = std::span<shp_CatalogueEntry const>;
+
+extern shp_CatalogueEntries const shp_catalogueARS;
+extern shp_CatalogueEntries const shp_cataloguePoint;
+extern shp_CatalogueEntries const shp_catalogueLine;
+extern shp_CatalogueEntries const shp_catalogueTri;
+extern shp_CatalogueEntries const shp_catalogueQuad;
+extern shp_CatalogueEntries const shp_catalogueTetra;
+extern shp_CatalogueEntries const shp_cataloguePyr;
+extern shp_CatalogueEntries const shp_cataloguePrism;
+extern shp_CatalogueEntries const shp_catalogueHex;
+
+/// The labels of all families.
+constexpr std::size_t shp_catalogueSize = 862;
 
 /// Calls `visit(mode, key)` for the modes 1 to `modeCount`, but at most 4, with the mode's bit beside those of `base`.
 /// Layered prisms are stacked along the third coordinate alone: of them there is mode 3 only, whatever the count.

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <type_traits>
 
 namespace {
 
@@ -16,18 +15,6 @@ namespace {
 constexpr int maxNodes = 27;
 
 constexpr int maxDirections = 3;
-
-/// All shape functions at one point, `out[baseNodesPerElem]`; 0 for what the set does not have.
-void valuesAt(shp_Topology const & t, float g, float h, float r, float * out) {
-    if (t.evaluateFunctions) {
-        t.evaluateFunctions(g, h, r, out);
-        return;
-    }
-    for (int i = 0; i < t.numShapeFunctions; ++i)
-        out[i] = t.shapeFunctions[i](g, h, r);
-    for (int i = t.numShapeFunctions; i < t.baseNodesPerElem; ++i)
-        out[i] = 0;
-}
 
 /// All derivatives at one point, `out[numGeometryDimensions][baseNodesPerElem]`.
 void slopesAt(shp_Topology const & t, float g, float h, float r, float * out) {
@@ -46,11 +33,9 @@ void slopesAt(shp_Topology const & t, float g, float h, float r, float * out) {
     }
 }
 
-/// Derivatives of x, y, z with respect to g, h, r: columns 1 to 3.
+/// Derivatives of x, y, z with respect to g, h, r.
 template <class Real> struct Tangents {
-    Real d[3][1 + maxDirections] = {};
-
-    Real const & of(int row, int direction) const { return d[row][1 + direction]; }
+    Real d[3][maxDirections] = {};
 };
 
 /// Sums in node order, at the precision of the node positions.
@@ -61,9 +46,9 @@ Tangents<Real> sumTangents(Position const * coords, float const * derivatives, i
         Real const x = coords[i].X(), y = coords[i].Y(), z = coords[i].Z();
         for (int k = 0; k < numDirections; ++k) {
             Real const slope = derivatives[k * numNodes + i];
-            sum.d[0][1 + k] += slope * x;
-            sum.d[1][1 + k] += slope * y;
-            sum.d[2][1 + k] += slope * z;
+            sum.d[0][k] += slope * x;
+            sum.d[1][k] += slope * y;
+            sum.d[2][k] += slope * z;
         }
     }
     return sum;
@@ -71,21 +56,21 @@ Tangents<Real> sumTangents(Position const * coords, float const * derivatives, i
 
 /// The first coordinate that varies along a line; z when none does.
 template <class Real> int varyingAxis(Tangents<Real> const & t) {
-    if (t.of(0, 0) != 0)
+    if (t.d[0][0] != 0)
         return 0;
-    return t.of(1, 0) != 0 ? 1 : 2;
+    return t.d[1][0] != 0 ? 1 : 2;
 }
 
 template <class Real> void store(Tangents<Real> const & t, int numDirections, g3d_XForm & jacobian) {
     for (int row = 0; row < 3; ++row)
         for (int column = 0; column < numDirections; ++column)
-            jacobian.M(row, column) = static_cast<float>(t.of(row, column));
+            jacobian.M(row, column) = static_cast<float>(t.d[row][column]);
 }
 
 /// A surface's two tangents and the unit direction that completes them.
 template <class Real> void storeSurface(Tangents<Real> const & t, g3d_XForm & jacobian) {
     store(t, 2, jacobian);
-    int const axis = shp_completingAxis(t.of(0, 0), t.of(0, 1), t.of(1, 0), t.of(1, 1), t.of(2, 0), t.of(2, 1));
+    int const axis = shp_completingAxis(t.d[0][0], t.d[0][1], t.d[1][0], t.d[1][1], t.d[2][0], t.d[2][1]);
     for (int row = 0; row < 3; ++row)
         jacobian.M(row, 2) = row == axis ? 1.0f : 0.0f;
 }
@@ -97,21 +82,7 @@ template <class Real> void storeLine(Tangents<Real> const & t, g3d_XForm & jacob
     jacobian.M(0, 0) = 0;
     jacobian.M(axis, axis) = 0;
     jacobian.M(0, axis) = 1;
-    jacobian.M(axis, 0) = static_cast<float>(t.of(axis, 0));
-}
-
-/// The tangents at one point, from positions in double as the set of functions has them in one pass.
-template <class Real, class Position>
-Tangents<Real> tangentsAt(shp_Topology const & t, Position const * coords, float g, float h, float r) {
-    if constexpr (std::is_same_v<Position, g3d_Storage>)
-        if (t.evaluateTangents) {
-            Tangents<Real> tangents;
-            t.evaluateTangents(coords, g, h, r, tangents.d);
-            return tangents;
-        }
-    float derivatives[maxDirections * maxNodes];
-    slopesAt(t, g, h, r, derivatives);
-    return sumTangents<Real>(coords, derivatives, t.baseNodesPerElem, t.numGeometryDimensions);
+    jacobian.M(axis, 0) = static_cast<float>(t.d[axis][0]);
 }
 
 template <class Real, class Position>
@@ -122,7 +93,9 @@ g3d_XForm jacobianAt(shp_Topology const & t, Position const * coords, float cons
         return jacobian;
     float const h = dimensions >= 2 ? iso[1] : 0.0f;
     float const r = dimensions == 3 ? iso[2] : 0.0f;
-    Tangents<Real> const tangents = tangentsAt<Real>(t, coords, iso[0], h, r);
+    float derivatives[maxDirections * maxNodes];
+    slopesAt(t, iso[0], h, r, derivatives);
+    Tangents<Real> const tangents = sumTangents<Real>(coords, derivatives, t.baseNodesPerElem, dimensions);
     if (dimensions == 3)
         store(tangents, 3, jacobian);
     else if (dimensions == 2)
@@ -202,8 +175,12 @@ void shp_Topology::IsoParCentroidLocation(float (&iso)[3]) const {
     std::copy_n(centerLocation, 3, iso);
 }
 
-void shp_Topology::CalculateNodesShapeWeight(float const * iso, float * weights) const {
-    valuesAt(*this, iso[0], iso[1], iso[2], weights);
+/// 0 for what the set does not have.
+void shp_Topology::callShapeFunctions(float const * iso, float * weights) const {
+    for (int i = 0; i < numShapeFunctions; ++i)
+        weights[i] = shapeFunctions[i](iso[0], iso[1], iso[2]);
+    for (int i = numShapeFunctions; i < baseNodesPerElem; ++i)
+        weights[i] = 0;
 }
 
 void shp_Topology::CalculateCylindricalCentroidWeights(float const *, float * weights) const {
@@ -247,7 +224,7 @@ g3d_Storage shp_Topology::InterpolatePointFromNodes(g3d_Storage const * coords, 
     if (evaluatePoint)
         return evaluatePoint(coords, iso);
     float weights[maxNodes];
-    valuesAt(*this, iso[0], iso[1], iso[2], weights);
+    CalculateNodesShapeWeight(iso, weights);
     double x = 0, y = 0, z = 0;
     for (int i = 0; i < baseNodesPerElem; ++i) {
         double const weight = weights[i];
@@ -271,7 +248,11 @@ float shp_Topology::InterpolateResultFromNodes(float const * values, float const
 }
 
 g3d_XForm shp_Topology::ShapeFunctionJacobian(g3d_Storage const * coords, float * iso) const {
-    return jacobianAt<double>(*this, coords, iso);
+    if (!evaluateJacobian)
+        return jacobianAt<double>(*this, coords, iso);
+    float rows[4][4];
+    evaluateJacobian(coords, iso, rows);
+    return g3d_XForm(rows);
 }
 
 g3d_XForm shp_Topology::ShapeFunctionJacobian(g3d_Point const * coords, float * iso) const {

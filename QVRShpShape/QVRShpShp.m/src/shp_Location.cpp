@@ -238,6 +238,8 @@ bool shp_Topology::FindPointInShape(g3d_Storage const & point, g3d_Storage const
     bool const isInside = numHits == 1 ? isAtStart(params[0]) : areOnBothSides(params[0], params[1]);
     if (!isInside || !iso)
         return isInside;
+    if (numHits > 1 && NumFaceTriangles() == 0 && NumGeometryDimensions() > 1)
+        return FindIsoPointLocation(point, coords, iso);
     if (numHits == 1 || NumFaceTriangles() == 0 || isAtStart(params[0]))
         std::copy_n(hits[0], 3, iso);
     else

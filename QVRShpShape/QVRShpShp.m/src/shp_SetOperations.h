@@ -7,20 +7,13 @@
 /// What one set of functions does with the positions of its nodes, made for this set alone, so that nothing is called
 /// for a single node. The same bits as the functions one by one, but for what `locate` leaves to the caller.
 struct shp_SetOperations {
+    shp_FunctionEvaluator row; ///< all values
     shp_PointEvaluator point;
-    shp_TangentEvaluator tangents; ///< null without derivatives
-    shp_Locator locate;            ///< null with derivatives in fewer than two directions
+    shp_JacobianEvaluator jacobian; ///< null with derivatives in fewer than two directions
+    shp_Locator locate;             ///< the same
 };
 
 /// Those of a set of the library; all null where `set` is.
 shp_SetOperations shp_operationsOf(shp_FunctionSet const * set);
-
-/// One for each of shp_shape::AllSets.
-struct shp_SetOperationTable {
-    shp_SetOperations const * operations;
-};
-
-/// For a machine with 256-bit vectors; null in a library for machines that never have them.
-extern shp_SetOperationTable const shp_wideSetOperations;
 
 #endif

@@ -6,14 +6,14 @@
 #include "g3d_Storage.h"
 #include "shp_Location.h"
 #include "shp_NodeLanes.h"
+#include "shp_NodeRows.h"
 #include "shp_SetOperations.h"
 #include "shp_ShapeSets.h"
 
 #include <cmath>
+#include <utility>
 
 namespace {
-
-using shp_shape::Nodes;
 
 /// Sums over the nodes, in node order: lane 0 the point itself, lanes 1 to 3 its derivatives.
 struct NodeSums {
@@ -44,36 +44,26 @@ template <class Of>
     return sumNodes<Of::directions>(typename Of::Values(), typename Of::Derivatives(), coords, g, h, r);
 }
 
-template <class Of>
-[[gnu::flatten]] void tangentsAt(g3d_Storage const * coords, float g, float h, float r, double (*sums)[4]) {
-    NodeSums const s = sumsAt<Of>(coords, g, h, r);
-    Quad const zero = allOf(0.0); // makes 0 of -0
-    store(s.x + zero, sums[0]);
-    store(s.y + zero, sums[1]);
-    store(s.z + zero, sums[2]);
+template <class Of> [[gnu::flatten]] void rowAt(float g, float h, float r, float * out) {
+    storeRow(typename Of::Values(), g, h, r, out);
 }
 
-/// A point as a sum over the nodes, in node order.
-struct PointSum {
-    double x = 0, y = 0, z = 0;
-
-    [[gnu::always_inline]] void add(double weight, g3d_Storage const & node) {
-        x += weight * node.X();
-        y += weight * node.Y();
-        z += weight * node.Z();
-    }
-};
-
-template <class... Node>
-[[gnu::always_inline]] inline g3d_Storage sumPoint(Nodes<Node...>, g3d_Storage const * coords, float g, float h,
-                                                   float r) {
-    PointSum sum;
-    (sum.add(Node::value(g, h, r), *coords++), ...);
-    return {sum.x, sum.y, sum.z};
+/// The point alone, as a sum over the nodes, in node order. Lanes are x, y, z and what follows in memory, which is the
+/// next node's x: the last node is told apart.
+template <class... Node, std::size_t... I>
+[[gnu::always_inline]] inline g3d_Storage sumPoint(Nodes<Node...>, std::index_sequence<I...>,
+                                                   g3d_Storage const * coords, float g, float h, float r) {
+    constexpr std::size_t last = sizeof...(Node) - 1;
+    Quad sum = allOf(0.0);
+    ((sum = sum + allOf(Node::value(g, h, r)) *
+                      (I < last ? loadFour(coords + I) : quadOf(coords[I].X(), coords[I].Y(), coords[I].Z(), 0))),
+     ...);
+    return {lane(sum, 0), lane(sum, 1), lane(sum, 2)};
 }
 
 template <class Of> [[gnu::flatten]] g3d_Storage pointAt(g3d_Storage const * coords, float const * iso) {
-    return sumPoint(typename Of::Values(), coords, iso[0], iso[1], iso[2]);
+    return sumPoint(typename Of::Values(), std::make_index_sequence<Of::Values::count>(), coords, iso[0], iso[1],
+                    iso[2]);
 }
 
 // --- inverse location
@@ -168,6 +158,22 @@ struct RowOfUnitDirection {
     }
 };
 
+/// All rows of g3d_XForm, as shp_Topology::ShapeFunctionJacobian has them.
+template <class Of> [[gnu::flatten]] void jacobianAt(g3d_Storage const * coords, float const * iso, float (*rows)[4]) {
+    NodeSums sums = sumsAt<Of>(coords, iso[0], iso[1], Of::directions == 3 ? iso[2] : 0);
+    Quad const zero = allOf(0.0); // makes 0 of -0
+    sums.x = sums.x + zero;
+    sums.y = sums.y + zero;
+    sums.z = sums.z + zero;
+    Jacobian jacobian(sums);
+    if constexpr (Of::directions == 2)
+        RowOfUnitDirection(sums).complete(jacobian);
+    store(__builtin_shufflevector(jacobian.x, Floats{}, 1, 2, 3, 4), rows[0]);
+    store(__builtin_shufflevector(jacobian.y, Floats{}, 1, 2, 3, 4), rows[1]);
+    store(__builtin_shufflevector(jacobian.z, Floats{}, 1, 2, 3, 4), rows[2]);
+    store(Floats{0, 0, 0, 1}, rows[3]);
+}
+
 /// The iteration of shp_Location.cpp for one set, with values and derivatives in one pass, and a first update whose
 /// functions are constants.
 template <class Of>
@@ -219,11 +225,11 @@ template <class Of>
 // --- of all sets
 
 template <class Of> constexpr shp_SetOperations operationsOf() {
-    shp_SetOperations operations = {pointAt<Of>, nullptr, nullptr};
-    if constexpr (Of::directions > 0)
-        operations.tangents = tangentsAt<Of>;
-    if constexpr (Of::directions > 1)
+    shp_SetOperations operations = {rowAt<Of>, pointAt<Of>, nullptr, nullptr};
+    if constexpr (Of::directions > 1) {
+        operations.jacobian = jacobianAt<Of>;
         operations.locate = locate<Of>;
+    }
     return operations;
 }
 
@@ -232,7 +238,7 @@ template <class... Of> struct OperationsOf<shp_shape::SetList<Of...>> {
     static constexpr shp_SetOperations all[] = {operationsOf<Of>()...};
 };
 
-constexpr shp_SetOperations const * operations = OperationsOf<shp_shape::AllSets>::all;
+constexpr shp_SetOperations const * setOperations = OperationsOf<shp_shape::AllSets>::all;
 
 } // namespace
 

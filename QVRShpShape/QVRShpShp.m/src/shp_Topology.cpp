@@ -6,8 +6,8 @@
 #include "shp_InterpolationTables.h"
 #include "shp_KeyBit.h"
 #include "shp_LineWorkers.h"
-#include "shp_SetOperations.h"
 #include "shp_TableMemory.h"
+#include "shp_VectorKernels.h"
 
 #include <algorithm>
 #include <utility>
@@ -242,6 +242,8 @@ void shp_Topology::bindConnectivity() {
     reverseConnTbl = shp_ConnectivityTables::getRevConnTblPtr(options);
     edgeMapTbl = shp_ConnectivityTables::getEdgeMapTblPtr(options);
     faceTriTbl = shp_ConnectivityTables::getFaceTriTblPtr(options, numFaceTriangles);
+    if (numFaceTriangles > 0)
+        numTrianglePoints = 1 + *std::max_element(faceTriTbl, faceTriTbl + 3 * numFaceTriangles);
 }
 
 void shp_Topology::bindWeightsAndLocations() {
@@ -276,7 +278,7 @@ void shp_Topology::chooseWorkers() {
         reverseFaceWorker = permuteAsElement;
 
     if (numFaceTriangles != 0)
-        lineWorker = surfaceLineWorker;
+        lineWorker = shp_vectorKernels().surfaceLineWorker;
     else if (numGeometryDimensions == 0)
         lineWorker = pointLineWorker;
     else if (numGeometryDimensions == 1)
@@ -304,9 +306,11 @@ void shp_Topology::keepOnePlane() {
 void shp_Topology::bindEvaluators() {
     shp_FunctionSet const * const values = shp_valueSet(options);
     numShapeFunctions = usableFunctions(values, baseNodesPerElem);
-    evaluateFunctions = wholeSet(values, baseNodesPerElem);
-    if (evaluateFunctions)
-        evaluatePoint = shp_operationsOf(values).point;
+    if (wholeSet(values, baseNodesPerElem)) {
+        shp_SetOperations const operations = shp_operationsOf(values);
+        evaluateFunctions = operations.row;
+        evaluatePoint = operations.point;
+    }
 
     if (!hasDerivatives)
         return;
@@ -315,7 +319,7 @@ void shp_Topology::bindEvaluators() {
     if (slopes && slopes->count == baseNodesPerElem && slopes->directions == numGeometryDimensions) {
         shp_SetOperations const operations = shp_operationsOf(slopes);
         evaluateDerivatives = slopes->gradient;
-        evaluateTangents = operations.tangents;
+        evaluateJacobian = operations.jacobian;
         locator = slopes == values ? operations.locate : nullptr;
     }
 }

@@ -1,0 +1,70 @@
+#ifndef shp_NodeRows_h
+#define shp_NodeRows_h
+
+#include "shp_NodeLists.h"
+#include "shp_Quad.h"
+#include "shp_ShapeFactors.h"
+
+// The functions of four nodes side by side, where they are products of the same kind. They come out of the same factors
+// as the single functions, with the same operations in each lane, and so have the same bits.
+//
+// Compiled once for each width of vectors (see shp_Quad.h).
+
+namespace {
+
+using shp_shape::HexCorner, shp_shape::Nodes, shp_shape::Product, shp_shape::SerendipityCorner, shp_shape::Solid;
+
+template <class... Factor> [[gnu::always_inline]] inline Floats valuesOf(float x) {
+    return Floats{Factor::value(x)...};
+}
+
+/// -x or x, for each of four factors along one axis.
+template <class... Factor> [[gnu::always_inline]] inline Floats sidesOf(float x) {
+    return Floats{(Factor::side * x)...};
+}
+
+template <class... Node> struct FourNodes {
+    [[gnu::always_inline]] static Floats at(float g, float h, float r) { return Floats{Node::value(g, h, r)...}; }
+};
+
+template <class... InG, class... InH> struct FourNodes<Product<InG, InH>...> {
+    [[gnu::always_inline]] static Floats at(float g, float h, float) {
+        return valuesOf<InG...>(g) * valuesOf<InH...>(h);
+    }
+};
+
+template <class... InG, class... InH> struct FourNodes<SerendipityCorner<InG, InH>...> {
+    [[gnu::always_inline]] static Floats at(float g, float h, float) {
+        return valuesOf<InG...>(g) * valuesOf<InH...>(h) * (sidesOf<InG...>(g) + sidesOf<InH...>(h) - 1);
+    }
+};
+
+template <class... InPlane, class... Through> struct FourNodes<Solid<InPlane, Through>...> {
+    [[gnu::always_inline]] static Floats at(float g, float h, float r) {
+        return FourNodes<InPlane...>::at(g, h, r) * valuesOf<Through...>(r);
+    }
+};
+
+template <class... InG, class... InH, class... InR> struct FourNodes<HexCorner<InG, InH, InR>...> {
+    [[gnu::always_inline]] static Floats at(float g, float h, float r) {
+        return valuesOf<InG...>(g) * valuesOf<InH...>(h) * valuesOf<InR...>(r) *
+               (sidesOf<InG...>(g) + sidesOf<InH...>(h) + sidesOf<InR...>(r) - 2);
+    }
+};
+
+/// All functions of a list.
+template <class... Node>
+[[gnu::always_inline]] inline void storeRow(Nodes<Node...>, [[maybe_unused]] float g, [[maybe_unused]] float h,
+                                            [[maybe_unused]] float r, [[maybe_unused]] float * out) {
+    ((*out++ = Node::value(g, h, r)), ...);
+}
+
+template <class A, class B, class C, class D, class... Node>
+[[gnu::always_inline]] inline void storeRow(Nodes<A, B, C, D, Node...>, float g, float h, float r, float * out) {
+    store(FourNodes<A, B, C, D>::at(g, h, r), out);
+    storeRow(Nodes<Node...>(), g, h, r, out + 4);
+}
+
+} // namespace
+
+#endif
