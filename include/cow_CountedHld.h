@@ -79,7 +79,7 @@ private:
     static cow_Counter * counterFor(T * object) {
         std::unique_ptr<T> owner(object);
         auto * const created = new cow_Counter;
-        owner.release();
+        static_cast<void>(owner.release()); // it is the holder's now
         return created;
     }
 };
