@@ -101,6 +101,7 @@ private:
     static void destroy(Node * node) noexcept;
 
     Node * root = nullptr;
+    Node * lastLeaf = nullptr; ///< that of the greatest key
     int length = 0;
 };
 
@@ -170,9 +171,7 @@ template <class K, class V> omi_Btree<K, V>::~omi_Btree() {
 }
 
 template <class K, class V> bool omi_Btree<K, V>::Insert(K const & key, V value) {
-    Node * last = root;
-    while (last != nullptr && !last->isLeaf())
-        last = last->children[last->count];
+    Node * const last = lastLeaf;
     bool const isBehindAll = last != nullptr && last->keys[last->count - 1] < key;
     if (isBehindAll && !last->isFull()) {
         last->keys[last->count] = K(key);
@@ -227,6 +226,9 @@ template <class K, class V> bool omi_Btree<K, V>::Insert(K const & key, V value)
         top->insert(0, std::move(movedKey), std::move(value), rightChild);
         root = top;
     }
+    lastLeaf = root;
+    while (!lastLeaf->isLeaf())
+        lastLeaf = lastLeaf->children[lastLeaf->count];
     ++length;
     return true;
 }
