@@ -455,7 +455,8 @@ constexpr SortKey sortKeyOf(shp_CatalogueEntry const & entry, std::size_t index)
     SortKey sortKey = {0, 0, index};
     for (std::size_t i = 0; i < 8; ++i) {
         sortKey.first = sortKey.first << 8 | static_cast<unsigned char>(entry.label[i]);
-        sortKey.rest = sortKey.rest << 8 | static_cast<unsigned char>(i + 8 < sizeof entry.label ? entry.label[i + 8] : '\0');
+        sortKey.rest =
+            sortKey.rest << 8 | static_cast<unsigned char>(i + 8 < sizeof entry.label ? entry.label[i + 8] : '\0');
     }
     return sortKey;
 }
