@@ -26,7 +26,7 @@ public:
     /// Goes to the next element; stays at the end.
     void Next() {
         if (currentBlockItems != nullptr && ++current == blockEnd)
-            enterBlock(blockPosition + blockSize, 0);
+            enterBlock(endPosition - blockPosition > blockSize ? blockPosition + blockSize : endPosition, 0);
     }
     /// Whether the iterator has passed the last element, and whether it has not.
     bool IsDone() const { return currentBlockItems == nullptr; }

@@ -4,7 +4,7 @@
 
 #include "shp_VectorKernels.h"
 
-#if defined(__AVX2__) && defined(__OPTIMIZE__)
+#if defined(__AVX2__) && defined(__OPTIMIZE__) && !defined(__OPTIMIZE_SIZE__) && !defined(__NO_INLINE__)
 #include "shp_SetOperationsKernel.h"
 #include "shp_SurfaceLineKernel.h"
 
