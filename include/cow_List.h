@@ -593,7 +593,7 @@ template <class T> void cow_List<T>::RaiseOutOfRange(int) const {
 /// The elements that lie in a block.
 template <class T> typename cow_List<T>::Range cow_List<T>::liveElements(int block) const noexcept {
     int const base = (block << blockShift) - firstOffset;
-    return {std::max(base, 0), std::min(length, base + blockSize())};
+    return {std::max(base, 0), length - base <= blockSize() ? length : base + blockSize()};
 }
 
 /// A new block with copies of those elements of a block whose index is below `end`.

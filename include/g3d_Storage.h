@@ -39,6 +39,8 @@ public:
 private:
     double x = 0, y = 0, z = 0;
 };
+// Arrays of positions are read as arrays of their components.
+static_assert(sizeof(g3d_Storage) == 3 * sizeof(double));
 
 /// Euclidean length.
 inline double g3d_Magnitude(g3d_Storage const & v) {

@@ -53,6 +53,20 @@ using Quad = double __attribute__((vector_size(32)));
 [[gnu::always_inline]] inline Quad turned(Quad four) {
     return _mm256_permute4x64_pd(four, _MM_SHUFFLE(1, 3, 2, 0));
 }
+/// Lanes 0 and 2 of a and b in turn: a0, b0, a2, b2.
+[[gnu::always_inline]] inline Quad evenLanes(Quad a, Quad b) {
+    return _mm256_unpacklo_pd(a, b);
+}
+/// Lanes 1 and 3 of a and b in turn: a1, b1, a3, b3.
+[[gnu::always_inline]] inline Quad oddLanes(Quad a, Quad b) {
+    return _mm256_unpackhi_pd(a, b);
+}
+[[gnu::always_inline]] inline Pair lowHalf(Quad four) {
+    return _mm256_castpd256_pd128(four);
+}
+[[gnu::always_inline]] inline Pair highHalf(Quad four) {
+    return _mm256_extractf128_pd(four, 1);
+}
 [[gnu::always_inline]] inline void store(Quad four, double * to) {
     _mm256_storeu_pd(to, four);
 }
@@ -158,6 +172,18 @@ struct Quad {
 [[gnu::always_inline]] inline Quad turned(Quad four) {
     return {__builtin_shufflevector(four.low, four.high, 0, 2), __builtin_shufflevector(four.low, four.high, 3, 1)};
 }
+[[gnu::always_inline]] inline Quad evenLanes(Quad a, Quad b) {
+    return {__builtin_shufflevector(a.low, b.low, 0, 2), __builtin_shufflevector(a.high, b.high, 0, 2)};
+}
+[[gnu::always_inline]] inline Quad oddLanes(Quad a, Quad b) {
+    return {__builtin_shufflevector(a.low, b.low, 1, 3), __builtin_shufflevector(a.high, b.high, 1, 3)};
+}
+[[gnu::always_inline]] inline Pair lowHalf(Quad four) {
+    return four.low;
+}
+[[gnu::always_inline]] inline Pair highHalf(Quad four) {
+    return four.high;
+}
 [[gnu::always_inline]] inline void store(Quad four, double * to) {
     __builtin_memcpy(to, &four, sizeof four);
 }
@@ -166,6 +192,14 @@ struct Quad {
 
 [[gnu::always_inline]] inline void store(Floats four, float * to) {
     __builtin_memcpy(to, &four, sizeof four);
+}
+/// Lanes of x and y together.
+[[gnu::always_inline]] inline void storePairs(Quad x, Quad y, Pair * to) {
+    Quad const even = evenLanes(x, y), odd = oddLanes(x, y);
+    to[0] = lowHalf(even);
+    to[1] = lowHalf(odd);
+    to[2] = highHalf(even);
+    to[3] = highHalf(odd);
 }
 /// Four doubles from any address.
 [[gnu::always_inline]] inline Quad loadFour(void const * from) {

@@ -15,15 +15,17 @@
 
 namespace {
 
-/// The most triangles of an element, and points that they name with a filling to a multiple of four.
+/// The most triangles that are sorted out, one for each bit of a set of them, and the most points that they name, with
+/// a filling to a multiple of four.
 constexpr int maxTriangles = 64, maxSightedPoints = 28;
 
 /// An element's points as a line sees them.
 struct SightedPoints {
-    alignas(32) double x[maxSightedPoints], y[maxSightedPoints], z[maxSightedPoints];
+    alignas(32) Pair xy[maxSightedPoints];
+    alignas(32) double z[maxSightedPoints];
     g3d_Storage const * positions;
 
-    g3d_PreparedLine::Corner corner(int i) const { return {positions + i, x[i], y[i], z[i]}; }
+    g3d_PreparedLine::Corner corner(int i) const { return {positions + i, xy[i][0], xy[i][1], z[i]}; }
 };
 
 template <int Axis> [[gnu::always_inline]] inline double coordinate(g3d_Storage const & point) {
@@ -58,7 +60,7 @@ struct Spread {
     double difference;
     bool isNear; ///< the line's start is not much farther away than that
 
-    /// So far away roundings in positions reach a billionth of their differences.
+    /// Farther away roundings of differences from the line's start may be all that is left of a triangle's area.
     static constexpr double far = 1000;
 };
 
@@ -69,8 +71,7 @@ template <int MainAxis>
     sighted.positions = points;
     Quad firstX = {}, firstY = {}, firstZ = {}, greatest = {};
     auto const add = [&](int i, FourSighted<MainAxis> const & four) {
-        store(four.x, sighted.x + i);
-        store(four.y, sighted.y + i);
+        storePairs(four.x, four.y, sighted.xy + i);
         store(four.z, sighted.z + i);
         if (i == 0) {
             firstX = first(four.x);
@@ -121,11 +122,12 @@ template <int MainAxis>
 struct Corners {
     Quad x, y;
 
-    [[gnu::always_inline]] Corners(SightedPoints const & points, int const * const (&triangles)[4], int corner)
-        : x(quadOf(points.x[triangles[0][corner]], points.x[triangles[1][corner]], points.x[triangles[2][corner]],
-                   points.x[triangles[3][corner]])),
-          y(quadOf(points.y[triangles[0][corner]], points.y[triangles[1][corner]], points.y[triangles[2][corner]],
-                   points.y[triangles[3][corner]])) {}
+    [[gnu::always_inline]] Corners(SightedPoints const & points, int const * const (&triangles)[4], int corner) {
+        auto const at = [&](int triangle) { return points.xy[triangles[triangle][corner]]; };
+        Quad const even = quadOf(at(0), at(2)), odd = quadOf(at(1), at(3));
+        x = evenLanes(even, odd);
+        y = oddLanes(even, odd);
+    }
 };
 
 /// Triangles as a line sees them, and which of them are left to be met, by their bits.
