@@ -1,6 +1,7 @@
-// bench [--commit=TEXT] [--write=FILE] [Google Benchmark's options]
-// Times this library and its peers, prints tables of medians and ratios, and with --write puts them into a document,
-// between its two marks. Ends with 1 when results do not agree; a target that is not met is only said.
+// bench [--commit=TEXT] [--write=FILE] [--passes=N] [Google Benchmark's options]
+// Times this library and its peers N times, one after the other in each pass, prints tables of medians and ratios, and
+// with --write puts them into a document, between its two marks. Ends with 1 when results do not agree; a target that
+// is not met is only said.
 
 #include "subjects.h"
 #include "tables.h"
@@ -8,6 +9,7 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <fstream>
@@ -22,7 +24,7 @@ namespace {
 constexpr char beginMark[] = "<!-- bench: begin -->\n";
 constexpr char endMark[] = "<!-- bench: end -->\n";
 
-/// Keeps the times of all repetitions, and says now and then how far the run is.
+/// Keeps the times of all passes, and says now and then how far the run is.
 class Collector : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(Context const &) override { return true; }
@@ -33,10 +35,9 @@ public:
             for (bench::Timing & timing : bench::allTimings())
                 if (timing.name == run.run_name.function_name)
                     timing.nanoseconds.push_back(run.GetAdjustedCPUTime() / static_cast<double>(timing.operations));
-            std::cerr << '.' << std::flush;
         }
     }
-    void Finalize() override { std::cerr << '\n'; }
+    void Finalize() override { std::cerr << '.' << std::flush; }
 };
 
 std::string processorName() {
@@ -84,17 +85,17 @@ bool replaceBetweenMarks(std::string const & path, std::string const & text) {
 
 int main(int argc, char ** argv) {
     std::string commit = "unknown", target;
-    std::string defaults[] = {"--benchmark_min_time=0.05", "--benchmark_repetitions=5",
-                              "--benchmark_enable_random_interleaving=true"};
-    std::vector<char *> arguments = {argv[0]};
-    for (std::string & option : defaults)
-        arguments.push_back(option.data());
+    int passes = 15;
+    std::string shortRuns = "--benchmark_min_time=0.02";
+    std::vector<char *> arguments = {argv[0], shortRuns.data()};
     for (int i = 1; i < argc; ++i) {
         std::string const argument = argv[i];
         if (argument.starts_with("--commit="))
             commit = argument.substr(9);
         else if (argument.starts_with("--write="))
             target = argument.substr(8);
+        else if (argument.starts_with("--passes="))
+            passes = std::atoi(argument.c_str() + 9);
         else
             arguments.push_back(argv[i]);
     }
@@ -115,7 +116,9 @@ int main(int argc, char ** argv) {
     bench::timePacking();
 
     Collector collector;
-    benchmark::RunSpecifiedBenchmarks(&collector);
+    for (int pass = 0; pass < passes; ++pass)
+        benchmark::RunSpecifiedBenchmarks(&collector);
+    std::cerr << '\n';
 
     std::ostringstream text;
     text << description(commit);

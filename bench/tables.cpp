@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <map>
+#include <functional>
 
 namespace bench {
 
@@ -51,20 +51,23 @@ Row competitorsIn(std::string const & item) {
     return result;
 }
 
-/// Our time over a peer's; 0 when there is none.
+/// Our time over a peer's, in the middle of the passes: within a pass both were timed at once, at the same pace of the
+/// machine. Of all peers the best one's. 0 when there is none.
 double ratioTo(Case const & entry, std::string_view peer) {
     Timing const * const own = find(entry, ours);
     if (!isTimed(own))
         return 0;
-    double best = 0;
+    double greatest = 0;
     for (std::string const & who : competitorsIn(entry.item)) {
         Timing const * const timing = find(entry, who);
         if (who == ours || (peer != bestPeer && peer != who) || !isTimed(timing))
             continue;
-        double const time = medianOf(timing->nanoseconds);
-        best = best == 0 ? time : std::min(best, time);
+        std::vector<double> ratios(own->nanoseconds.size());
+        std::transform(own->nanoseconds.begin(), own->nanoseconds.end(), timing->nanoseconds.begin(), ratios.begin(),
+                       std::divides());
+        greatest = std::max(greatest, medianOf(std::move(ratios)));
     }
-    return best == 0 ? 0 : medianOf(own->nanoseconds) / best;
+    return greatest;
 }
 
 Target const * targetOf(Case const & entry) {

@@ -9,7 +9,7 @@
 
 namespace bench {
 
-/// One timed function, with the time for one operation in each repetition.
+/// One timed function, with the time for one operation in each pass.
 struct Timing {
     std::string name, item, element, who;
     std::int64_t operations;
@@ -27,7 +27,8 @@ struct Case {
 std::vector<Timing> & allTimings();
 std::vector<Case> & cases();
 
-/// Writes all items that were timed, as tables in Markdown: medians, ratios and what the targets say of them.
+/// Writes all items that were timed, as tables in Markdown: medians over the passes, of times and of ratios, and
+/// what the targets say of them.
 void writeTables(std::ostream & out);
 
 } // namespace bench
