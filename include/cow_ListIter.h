@@ -23,9 +23,11 @@ public:
         int const slot = list.firstOffset & (blockSize - 1);
         enterBlock(list.firstOffset - slot, slot);
     }
-    /// Goes to the next element; stays at the end.
+    /// Goes to the next element; at the end only the index goes on.
     void Next() {
-        if (currentBlockItems != nullptr && ++current == blockEnd)
+        if (currentBlockItems == nullptr)
+            ++blockPosition;
+        else if (++current == blockEnd)
             enterBlock(endPosition - blockPosition > blockSize ? blockPosition + blockSize : endPosition, 0);
     }
     /// Whether the iterator has passed the last element, and whether it has not.
@@ -34,7 +36,7 @@ public:
 
     /// The element. There must be one (not checked).
     T const & CurrentItem() const { return *current; }
-    /// The index of the element; the length of the list at the end.
+    /// The index of the element; at the end the length of the list, and one more for each step from there.
     int ArrayIndex() const { return blockPosition + static_cast<int>(current - currentBlockItems) - list.firstOffset; }
 
 private:
@@ -56,7 +58,7 @@ private:
     T const * currentBlockItems = nullptr; ///< null at the end
     int endPosition;                       ///< behind the last element
     int blockSize;
-    int blockPosition = 0;        ///< of the block's first slot; the end's at the end
+    int blockPosition = 0;        ///< of the block's first slot; at the end the iterator's own
     T const * current = nullptr;  ///< points at the element; null at the end
     T const * blockEnd = nullptr; ///< behind the last element of the block; null at the end
 };

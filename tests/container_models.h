@@ -96,8 +96,9 @@ inline void requireSame(TrackedList const & list, std::vector<int> const & model
         require(list[i].value == model[static_cast<std::size_t>(i)], "element by index");
         require(it.NotDone() && it.ArrayIndex() == i && &it.CurrentItem() == &list[i], "element by iterator");
     }
-    it.Next(); // which stays
     require(it.IsDone() && it.ArrayIndex() == list.Length(), "end of an iterator");
+    it.Next();
+    require(it.IsDone() && it.ArrayIndex() == list.Length() + 1, "step from the end of an iterator");
 }
 
 /// One operation on `list` and the same on `model`. `other` may be `list`.
