@@ -71,15 +71,11 @@ Mask facesOf(Mask uses) {
 }
 
 void expectPoint(shp_InverseTopoTable const & t) {
-    EXPECT_EQ(t.nCorner, 1);
-    EXPECT_EQ(t.nEdge + t.nUniqueEdge, 0);
+    EXPECT_TRUE(t.nCorner == 1 && t.nEdge == 0 && t.nUniqueEdge == 0);
     EXPECT_EQ(t.edgesMask | t.facesMask | t.faceNodeMaskTable[0] | t.edgeNodeMaskTable[0], 0u);
-    EXPECT_EQ(t.faceFromNodesSize, 1);
-    EXPECT_EQ(t.faceFromNodesTable[0], 6);
-    EXPECT_EQ(t.edgeTableSize, 1);
-    EXPECT_EQ(t.edgesFromNodesTable[0].count, 0);
-    EXPECT_EQ(t.edgesFromNodesTable[0].uses, t.edgeFromNodesTable);
-    EXPECT_EQ(number(t.edgeFromNodesTable[0]), 28);
+    EXPECT_TRUE(t.faceFromNodesSize == 1 && t.faceFromNodesTable[0] == 6);
+    EXPECT_TRUE(t.edgeTableSize == 1 && number(t.edgeFromNodesTable[0]) == 28);
+    EXPECT_TRUE(t.edgesFromNodesTable[0].count == 0 && t.edgesFromNodesTable[0].uses == t.edgeFromNodesTable);
     EXPECT_EQ(t.faceEdgeMaskTable[0] & t.edgeFaceMaskTable[0], 1u);
 }
 
@@ -180,17 +176,17 @@ TEST(InverseTopology, EveryLabelAgreesWithASecondDerivation) {
         }
         for (int const node : {-1, -16, 0x7fffffff, shape.edgeTableSize})
             EXPECT_EQ(asked(shape, node) | asked(shape, 0, node) | asked(shape, node, node), 0u) << node;
-        EXPECT_EQ(asked(shape, 1, 0x10000000), 0u); // in 32 bits 16 times this is node 0
+        EXPECT_EQ(asked(shape, 1, 0x10000000),
+                  0u); // in 32 bits 16 times this is node 0
         ASSERT_FALSE(testing::Test::HasFailure());
     });
 }
 
 TEST(InverseTopology, KnownElements) {
-    shp_Shape const & brick = shapeOf("C3D8");
-    EXPECT_EQ(brick.edgesMask, 0xffffffu);
-    EXPECT_EQ(asked(brick, 0, 1), 1u << 3 | 1u << 8); // the last edge of face 0, the first of face 2
-    EXPECT_EQ(shapeOf("CIN3D8").facesMask, 0x1fu);    // the far face has no edges
-    EXPECT_EQ(shapeOf("CAXA43").nEdge, 4);            // the section's
+    EXPECT_EQ(asked(shapeOf("C3D8"), 0, 1),
+              1u << 3 | 1u << 8);                  // the last edge of face 0, the first of face 2
+    EXPECT_EQ(shapeOf("CIN3D8").facesMask, 0x1fu); // the far face has no edges
+    EXPECT_EQ(shapeOf("CAXA43").nEdge, 4);         // the section's
     int ends[2];
     shapeOf("ACIN2D3").EdgeEnds(0, 0, ends);
     EXPECT_EQ(ends[1], 1); // its third node stands in the middle
@@ -200,16 +196,12 @@ TEST(InverseTopology, KnownElements) {
 TEST(InverseTopology, KeysThatFitNoElementGetTheTableOfAPoint) {
     for (LongKey const & key :
          {LongKey(), keyOf({shp_keyHex, shp_key3D}), keyOf({shp_keyHex, shp_keyNodes5, shp_key3D}),
-          keyOf({shp_keyHex, shp_keyNodes9, shp_key3D}), keyOf({shp_keyHex, shp_keyNodes12, shp_key3D}),
           keyOf({shp_keyHex, shp_keyNodes18, shp_key3D}),
           keyOf({shp_keyHex, shp_keyNodes12, shp_keyInfinite, shp_keyCylindrical, shp_key3D}),
           keyOf({shp_keyQuad, shp_keyNodes5, shp_key2D}), keyOf({shp_keyPrism, shp_keyNodes8, shp_key3D})})
         expectPoint(shp_Shape("BY HAND", key));
-}
-
-TEST(InverseTopology, AnEmptyTableAnswersNothing) {
-    shp_InverseTopoTable const table;
-    EXPECT_EQ(asked(table, 0) | asked(table, 0, 0), 0u);
+    shp_InverseTopoTable const empty;
+    EXPECT_EQ(asked(empty, 0) | asked(empty, 0, 0), 0u);
 }
 
 } // namespace
