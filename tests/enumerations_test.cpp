@@ -1,11 +1,11 @@
 // The enumerations of results and of rigid surfaces as primitives, and the codes under which output databases store two
 // of them.
 
-#include "nex_CmdException.h"
 #include "odiC_Conversions.h"
 #include "omu_PrimTuple.h"
 #include "res_PrimEnums.h"
 #include "shp_PrimEnums.h"
+#include "stored_objects.h"
 
 #include <gtest/gtest.h>
 
@@ -15,16 +15,12 @@
 
 namespace {
 
-/// Message and line of what making a primitive from `source` raises.
+/// What making a primitive from `source` raises.
 template <class Prim, class Source> std::string refusalOf(Source const & source) {
-    try {
-        Prim const made(source);
-    } catch (nex_CmdException<atr_String, 2> const & raised) {
-        EXPECT_STREQ(raised.SourceFile(), "QVRKelOvantaUtilities/ProtectedInterfaces/omu_PrimEnum");
-        return std::string(raised.AsString(0).CStr()) + " @" + std::to_string(raised.Line());
-    }
-    return "nothing raised";
+    return raisedBy([&] { Prim const made(source); });
 }
+
+std::string const place = " (QVRKelOvantaUtilities/ProtectedInterfaces/omu_PrimEnum";
 
 template <class E> class Enumeration : public testing::Test {};
 
@@ -65,14 +61,14 @@ TYPED_TEST(Enumeration, TakesTheValuesAndNamesOfItsRowsAlone) {
          {"x" + std::string(Prim::Name(0)), Prim::Name(0) + std::string(" "), std::string()}) {
         EXPECT_FALSE(prim.SetValue(text.c_str()));
         EXPECT_EQ(refusalOf<Prim>(cow_String(text.c_str())),
-                  "omu_PrimEnum(const cow_String&) - str not allowed: " + text + all + " @103");
+                  "2: omu_PrimEnum(const cow_String&) - str not allowed: " + text + all + place + ":103)");
     }
     for (int value = -3; value < 70; ++value) {
         if (values.count(value))
             continue;
         EXPECT_FALSE(prim.SetValue(static_cast<TypeParam>(value)) || prim.SetValue(value));
         EXPECT_EQ(refusalOf<Prim>(static_cast<TypeParam>(value)),
-                  "omu_PrimEnum(Enum) - Enum value not allowed: " + std::to_string(value) + all + " @76");
+                  "2: omu_PrimEnum(Enum) - Enum value not allowed: " + std::to_string(value) + all + place + ":76)");
     }
     EXPECT_TRUE(prim == before);
     EXPECT_TRUE(prim.SetValue(Prim::Value(0)) && prim.value == Prim::Value(0));
@@ -81,7 +77,7 @@ TYPED_TEST(Enumeration, TakesTheValuesAndNamesOfItsRowsAlone) {
 TEST(Enumerations, ConvertToEachOtherByName) {
     omu_PrimEnum<res_LoadDescriptorEnm, 1> const film(res_LoadDescriptor_FILM);
     EXPECT_EQ((refusalOf<omu_PrimEnum<res_PairEnm, 1>>(film)),
-              "omu_PrimEnum(const omu_PrimEnumBase&) - str not allowed: FILM @89");
+              "2: omu_PrimEnum(const omu_PrimEnumBase&) - str not allowed: FILM" + place + ":89)");
 }
 
 // The first row is at the root of the map's tree; "B", an even code, goes to its left, "M", an odd one, to its right.
@@ -102,7 +98,7 @@ TEST(Enumerations, OddRowsStand) {
 }
 
 /// How the values -1 to 18 are stored, and as what a database gives them back.
-template <class Res> std::string stored() {
+template <class Res> std::string codes() {
     std::string text;
     for (int value = -1; value <= 18; ++value) {
         auto const code = odiC_ConvertResToOdm(static_cast<Res>(value));
@@ -113,10 +109,10 @@ template <class Res> std::string stored() {
 
 // The database tells fewer cases apart than the enumerations do.
 TEST(StoredCodes, AndWhatTheyAreReadAs) {
-    EXPECT_EQ(stored<res_DataTypeEnm>(),
+    EXPECT_EQ(codes<res_DataTypeEnm>(),
               " 0>15 0>15 0>15 0>15 1>3 2>4 0>15 4>7 4>7 8>8 8>8 8>8 8>8 8>8 8>8 0>15 0>15 0>15 0>15 0>15");
-    EXPECT_EQ(stored<res_OutputPositionEnm>(), " 16>0 16>0 32>1 128>2 1024>3 256>4 512>6 512>6 16>0 16>0 16>0 16>0 "
-                                               "4096>14 2048>13 2048>13 4096>14 16>0 16>0 16>0 16>0");
+    EXPECT_EQ(codes<res_OutputPositionEnm>(), " 16>0 16>0 32>1 128>2 1024>3 256>4 512>6 512>6 16>0 16>0 16>0 16>0 "
+                                              "4096>14 2048>13 2048>13 4096>14 16>0 16>0 16>0 16>0");
     for (int const unknown : {-1, 0, 16, 64, 32 + 128, 8192}) {
         EXPECT_EQ(odiC_ConvertOdmToRes(odm_PositionEnm(unknown)), res_OutputPosition_UNDEFINED_POSITION) << unknown;
         EXPECT_EQ(odiC_ConvertOdmToRes(odm_DataTypeEnm(unknown)), res_DataType_NUM_DATA_TYPE) << unknown;
