@@ -35,17 +35,10 @@ TEST(Categories, SectionPointsAreLookedUpBothWays) {
     EXPECT_EQ(before, plies({"SNEG", "SMID", "SPOS"})) << "a copy is not written through";
 }
 
-TEST(Categories, DescriptionsAreEqualInTheSameTreeOrderOnly) {
-    odiC_CategoryDesc const forward = plies({"SNEG", "SMID", "SPOS"});
-    odiC_CategoryDesc backward("plies", {}, true, 1); // the same points
-    for (char const * label : {"SPOS", "SMID", "SNEG"})
-        backward.AddSection(label, static_cast<unsigned int>(forward[label]));
-    auto const & map = forward.SectionPointMap();
-    odiC_CategoryDesc const higher("pli\xe9", map, true, 1), twin("plies", map, false, 1);
-    for (odiC_CategoryDesc const & other : {higher, twin, odiC_CategoryDesc("plies", map, true, 2), backward})
-        EXPECT_NE(forward, other);
-    EXPECT_FALSE(forward < twin || forward > twin) << "the order knows the label alone";
-    EXPECT_TRUE(forward < higher && higher > forward && !(higher < forward) && !(forward > higher));
+TEST(Categories, TheOrderKnowsTheLabelAlone) {
+    odiC_CategoryDesc const plain = plies({"SNEG"}), twin("plies", {}, false, 1), higher("pli\xe9", {}, true, 1);
+    EXPECT_FALSE(plain < twin || plain > twin || plain == twin);
+    EXPECT_TRUE(plain < higher && higher > plain && !(higher < plain) && !(plain > higher));
 }
 
 TEST(Categories, SelectionsOfOneLocationLeaveOutTheTopPair) {
