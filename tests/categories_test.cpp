@@ -35,9 +35,16 @@ TEST(Categories, SectionPointsAreLookedUpBothWays) {
     EXPECT_EQ(before, plies({"SNEG", "SMID", "SPOS"})) << "a copy is not written through";
 }
 
-TEST(Categories, TheOrderKnowsTheLabelAlone) {
-    odiC_CategoryDesc const plain = plies({"SNEG"}), twin("plies", {}, false, 1), higher("pli\xe9", {}, true, 1);
-    EXPECT_FALSE(plain < twin || plain > twin || plain == twin);
+TEST(Categories, EqualityKnowsTheTreeAndTheOrderTheLabelAlone) {
+    odiC_CategoryDesc const plain = plies({"SNEG", "SMID"}), twin("plies", plain.SectionPointMap(), false, 1),
+                            later("plies", plain.SectionPointMap(), true, 2),
+                            higher("pli\xe9", plain.SectionPointMap(), true, 1);
+    odiC_CategoryDesc backward("plies", {}, true, 1); // the same points
+    backward.AddSection("SMID", 2);
+    backward.AddSection("SNEG", 1);
+    for (odiC_CategoryDesc const & other : {twin, later, higher, backward, plies({"SNEG", "SPOS"})})
+        EXPECT_NE(plain, other);
+    EXPECT_FALSE(plain < twin || plain > twin);
     EXPECT_TRUE(plain < higher && higher > plain && !(higher < plain) && !(plain > higher));
 }
 

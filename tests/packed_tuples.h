@@ -56,6 +56,22 @@ template <class Unpack> void expectOnlyThisShape(Elements const & elements, Unpa
     }
 }
 
+/// That only this shape is read, and that what is read from `elements` differs when any is replaced by its other.
+template <class Unpack>
+void expectEachElementToCount(Elements const & elements, Elements const & others, Unpack unpack) {
+    expectOnlyThisShape(elements, unpack);
+    auto const read = [&](Elements const & each) {
+        omu_PrimTuple tuple = tupleOf(each);
+        return unpack(tuple);
+    };
+    EXPECT_TRUE(read(elements) == read(elements));
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        Elements changed = elements;
+        changed[i] = others.at(i);
+        EXPECT_TRUE(read(elements) != read(changed) && !(read(elements) == read(changed))) << i;
+    }
+}
+
 /// That differences have the sign, and equality the outcome, of objects in falling order, of which only the first has
 /// another label.
 template <class Object> void expectFallingOrder(std::vector<Object> const & all) {

@@ -26,7 +26,9 @@ TEST(Step, IsOneTupleAndOrderedByItsLabel) {
     auto const elements = elementsOf("Step-1", "Preload", double{0.1f}, double{1e-30f}, 3.0, 2, "b",
                                      Texts("a", "b", "b"), Numbers(0.0f, 0.3f), 1, Texts("0:2", "134217727:80000000"));
     EXPECT_TRUE(*packed(preload()) == tupleOf(elements));
-    expectOnlyThisShape(elements, Step::UnpackTuple);
+    auto const others = elementsOf("Step-2", "", double{-0.1f}, 0.0, -std::numeric_limits<double>::infinity(), -7, "c",
+                                   Texts("a", "b"), Numbers(0.0f, 1.0f / 3), 0, Texts("134217727:80000000"));
+    expectEachElementToCount(elements, others, Step::UnpackTuple);
     EXPECT_STREQ(packed(Step())->AsRepr().CStr(), "('', '', 0.0, -1.0, -1.0, 0, '', [], [], 0, [])");
     EXPECT_TRUE(preload() < preload(3, "\xc3") && preload(3, "\xc3") > preload()) << "bytes are unsigned";
     EXPECT_FALSE(preload(2) < preload(3) || preload(3) > preload(2) || preload(2) == preload(3));
