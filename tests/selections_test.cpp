@@ -83,6 +83,14 @@ TEST(Selection, TakesWhatTheDescriptionSaysAndMakesTheRefinementWhole) {
     }
 }
 
+TEST(Selection, EqualityHasItsExceptions) {
+    Selection const plain = unpack(stress()), nameless = unpack(with(stress(), 0, ""));
+    EXPECT_EQ(plain, unpack(stress(tupleOf("", none, none, spec(2, "another label")))));
+    EXPECT_TRUE(nameless == Selection() && nameless - Selection() != 0 && plain != nameless && nameless != plain);
+    Selection const unclamped = unpack(with(stress(), 11, std::numeric_limits<double>::quiet_NaN()));
+    EXPECT_TRUE(unclamped == unclamped && unclamped != Selection(unclamped) && unclamped - plain == 0);
+}
+
 TEST(Selection, OwnsItsSpecs) {
     Selection const original = unpack(stress(tupleOf("PLY-1", spec(0, "shell"), none, spec(2, "beam", 1))));
     Selection copy(original);
