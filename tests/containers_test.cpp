@@ -139,9 +139,10 @@ TEST(Containers, ElementsNeedOnlyWhatAnOperationUses) {
     EXPECT_TRUE(nested.ConstGet(0) == oddNumbers) << "while their blocks are shared";
     nested.Get(0)[0] = 1.0f;
     EXPECT_FALSE(nested.ConstGet(0) == oddNumbers);
-    cow_List<cow_String> sorted("e", "a", "d");
+    cow_List<cow_String> sorted("e", "a", "d", "b"), none;
     sorted.Sort();
-    EXPECT_TRUE(sorted == cow_List<cow_String>("a", "d", "e"));
+    none.Sort();
+    EXPECT_TRUE(sorted == cow_List<cow_String>("a", "b", "d", "e") && none.IsEmpty());
 }
 
 TEST(Containers, HoldersCopyByTheirPolicyBeforeTheFirstWrite) {
