@@ -1,32 +1,26 @@
 // The enumerations of results and of rigid surfaces as primitives, and the codes under which output databases store two
 // of them.
 
-#include "nex_CmdException.h"
 #include "odiC_Conversions.h"
 #include "omu_PrimTuple.h"
 #include "res_PrimEnums.h"
 #include "shp_PrimEnums.h"
+#include "stored_objects.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cctype>
 #include <memory>
 #include <set>
 #include <string>
 
 namespace {
 
-/// Message and line of what making a primitive from `source` raises.
+/// What making a primitive from `source` raises.
 template <class Prim, class Source> std::string refusalOf(Source const & source) {
-    try {
-        Prim const made(source);
-    } catch (nex_CmdException<atr_String, 2> const & raised) {
-        EXPECT_STREQ(raised.SourceFile(), "QVRKelOvantaUtilities/ProtectedInterfaces/omu_PrimEnum");
-        return std::string(raised.AsString(0).CStr()) + " @" + std::to_string(raised.Line());
-    }
-    return "nothing raised";
+    return raisedBy([&] { Prim const made(source); });
 }
+
+std::string const place = " (QVRKelOvantaUtilities/ProtectedInterfaces/omu_PrimEnum";
 
 template <class E> class Enumeration : public testing::Test {};
 
@@ -43,6 +37,7 @@ TYPED_TEST_SUITE(Enumeration, AllEnumerations);
 TYPED_TEST(Enumeration, TakesTheValuesAndNamesOfItsRowsAlone) {
     using Prim = omu_PrimEnum<TypeParam, 1>;
     Prim prim(Prim::Value(1));
+    Prim const before(prim);
     cow_Map<cow_String, unsigned int> const permissible = prim.PermissibleValues();
     std::string const all = "  Permissible: " + std::string(prim.PermissibleValuesAsString().CStr());
     std::set<int> values;
@@ -53,41 +48,36 @@ TYPED_TEST(Enumeration, TakesTheValuesAndNamesOfItsRowsAlone) {
         std::unique_ptr<omu_Primitive> const copy(byOther.Copy());
         for (Prim const & made : {byValue, byNumber, byName, byOther, dynamic_cast<Prim const &>(*copy)})
             EXPECT_TRUE(made.value == Prim::Value(row) && made.AsString(0) == name && made.AsRepr() == name &&
-                        made == byValue && (made == prim) == (row == 1))
+                        made == byValue && (made == before) == (row == 1))
                 << name.CStr();
         EXPECT_EQ(permissible.ConstGet(name), static_cast<unsigned int>(byValue.value));
         values.insert(byValue.value);
     }
-    EXPECT_GE(values.size(), 2u);
     EXPECT_EQ(permissible.Size(), static_cast<int>(values.size()));
 
-    Prim const before(prim);
     EXPECT_FALSE(prim == static_cast<omu_Primitive const &>(omu_PrimTuple('(')));
     EXPECT_FALSE(prim.SetValue(static_cast<char const *>(nullptr)));
-    std::string lower = Prim::Name(0);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char c) { return static_cast<char>(std::tolower(c)); });
-    for (std::string const & text : {lower, Prim::Name(0) + std::string(" "), std::string()}) {
+    for (std::string const & text :
+         {"x" + std::string(Prim::Name(0)), Prim::Name(0) + std::string(" "), std::string()}) {
         EXPECT_FALSE(prim.SetValue(text.c_str()));
         EXPECT_EQ(refusalOf<Prim>(cow_String(text.c_str())),
-                  "omu_PrimEnum(const cow_String&) - str not allowed: " + text + all + " @103");
+                  "2: omu_PrimEnum(const cow_String&) - str not allowed: " + text + all + place + ":103)");
     }
     for (int value = -3; value < 70; ++value) {
         if (values.count(value))
             continue;
         EXPECT_FALSE(prim.SetValue(static_cast<TypeParam>(value)) || prim.SetValue(value));
         EXPECT_EQ(refusalOf<Prim>(static_cast<TypeParam>(value)),
-                  "omu_PrimEnum(Enum) - Enum value not allowed: " + std::to_string(value) + all + " @76");
+                  "2: omu_PrimEnum(Enum) - Enum value not allowed: " + std::to_string(value) + all + place + ":76)");
     }
-    EXPECT_TRUE(prim == before && prim.value == before.value);
-    EXPECT_TRUE(prim.SetValue(Prim::Value(0)) && prim.value == Prim::Value(0) && !(prim == before));
+    EXPECT_TRUE(prim == before);
+    EXPECT_TRUE(prim.SetValue(Prim::Value(0)) && prim.value == Prim::Value(0));
 }
 
 TEST(Enumerations, ConvertToEachOtherByName) {
-    using Pair = omu_PrimEnum<res_PairEnm, 1>;
-    omu_PrimEnum<res_LoadDescriptorEnm, 1> const none(res_LoadDescriptor_NONE), film(res_LoadDescriptor_FILM);
-    EXPECT_EQ(Pair(none).value, res_Pair_NONE);
-    EXPECT_EQ(refusalOf<Pair>(film), "omu_PrimEnum(const omu_PrimEnumBase&) - str not allowed: FILM @89");
+    omu_PrimEnum<res_LoadDescriptorEnm, 1> const film(res_LoadDescriptor_FILM);
+    EXPECT_EQ((refusalOf<omu_PrimEnum<res_PairEnm, 1>>(film)),
+              "2: omu_PrimEnum(const omu_PrimEnumBase&) - str not allowed: FILM" + place + ":89)");
 }
 
 // The first row is at the root of the map's tree; "B", an even code, goes to its left, "M", an odd one, to its right.
@@ -108,23 +98,21 @@ TEST(Enumerations, OddRowsStand) {
 }
 
 /// How the values -1 to 18 are stored, and as what a database gives them back.
-template <class Res> std::string stored() {
+template <class Res> std::string codes() {
     std::string text;
     for (int value = -1; value <= 18; ++value) {
         auto const code = odiC_ConvertResToOdm(static_cast<Res>(value));
-        auto const back = odiC_ConvertOdmToRes(code);
-        EXPECT_EQ(odiC_ConvertResToOdm(back), code) << "once stored, a code is stable";
-        text += " " + std::to_string(code) + ">" + std::to_string(back);
+        text += " " + std::to_string(code) + ">" + std::to_string(odiC_ConvertOdmToRes(code));
     }
     return text;
 }
 
 // The database tells fewer cases apart than the enumerations do.
 TEST(StoredCodes, AndWhatTheyAreReadAs) {
-    EXPECT_EQ(stored<res_DataTypeEnm>(),
+    EXPECT_EQ(codes<res_DataTypeEnm>(),
               " 0>15 0>15 0>15 0>15 1>3 2>4 0>15 4>7 4>7 8>8 8>8 8>8 8>8 8>8 8>8 0>15 0>15 0>15 0>15 0>15");
-    EXPECT_EQ(stored<res_OutputPositionEnm>(), " 16>0 16>0 32>1 128>2 1024>3 256>4 512>6 512>6 16>0 16>0 16>0 16>0 "
-                                               "4096>14 2048>13 2048>13 4096>14 16>0 16>0 16>0 16>0");
+    EXPECT_EQ(codes<res_OutputPositionEnm>(), " 16>0 16>0 32>1 128>2 1024>3 256>4 512>6 512>6 16>0 16>0 16>0 16>0 "
+                                              "4096>14 2048>13 2048>13 4096>14 16>0 16>0 16>0 16>0");
     for (int const unknown : {-1, 0, 16, 64, 32 + 128, 8192}) {
         EXPECT_EQ(odiC_ConvertOdmToRes(odm_PositionEnm(unknown)), res_OutputPosition_UNDEFINED_POSITION) << unknown;
         EXPECT_EQ(odiC_ConvertOdmToRes(odm_DataTypeEnm(unknown)), res_DataType_NUM_DATA_TYPE) << unknown;

@@ -44,8 +44,8 @@ template <class Value> Elements with(Elements elements, std::size_t i, Value val
 /// holds in place of each of its elements.
 template <class Unpack> void expectOnlyThisShape(Elements const & elements, Unpack unpack) {
     omu_PrimTuple right = tupleOf(elements);
-    EXPECT_NO_THROW(unpack(right));
-    EXPECT_NO_THROW(unpack(right)) << "for the second time";
+    for (int time = 0; time < 2; ++time)
+        EXPECT_NO_THROW(unpack(right));
     for (std::size_t i = 0; i < elements.size(); ++i) {
         auto missing = elements, surplus = elements, wrong = elements;
         missing.erase(missing.begin() + static_cast<std::ptrdiff_t>(i));
@@ -56,26 +56,20 @@ template <class Unpack> void expectOnlyThisShape(Elements const & elements, Unpa
     }
 }
 
-/// That only this shape is read, that each element counts for equality, and that each way through a tuple leads back.
-/// Returns what is read from `elements` and from them with each replaced by its other in turn.
-template <class Object, class Pack, class Unpack>
-std::vector<Object> expectEachElementToCount(Elements const & elements, Elements const & others, Pack pack,
-                                             Unpack unpack) {
+/// That only this shape is read, and that what is read from `elements` differs when any is replaced by its other.
+template <class Unpack>
+void expectEachElementToCount(Elements const & elements, Elements const & others, Unpack unpack) {
     expectOnlyThisShape(elements, unpack);
-    std::vector<Object> read;
-    for (std::size_t i = 0; i <= elements.size(); ++i) {
+    auto const read = [&](Elements const & each) {
+        omu_PrimTuple tuple = tupleOf(each);
+        return unpack(tuple);
+    };
+    EXPECT_TRUE(read(elements) == read(elements));
+    for (std::size_t i = 0; i < elements.size(); ++i) {
         Elements changed = elements;
-        if (i > 0)
-            changed[i - 1] = others.at(i - 1);
-        omu_PrimTuple tuple = tupleOf(changed);
-        read.push_back(unpack(tuple));
-        std::unique_ptr<omu_PrimTuple> const again(pack(read.back()));
-        EXPECT_TRUE(*again == tuple) << again->AsRepr().CStr() << ' ' << tuple.AsRepr().CStr();
-        for (std::size_t k = 0; k <= i; ++k)
-            EXPECT_TRUE((Object(read[k]) == read[i]) == (i == k) && (read[k] != Object(read[i])) == (i != k))
-                << i << ' ' << k;
+        changed[i] = others.at(i);
+        EXPECT_TRUE(read(elements) != read(changed) && !(read(elements) == read(changed))) << i;
     }
-    return read;
 }
 
 /// That differences have the sign, and equality the outcome, of objects in falling order, of which only the first has
@@ -84,11 +78,8 @@ template <class Object> void expectFallingOrder(std::vector<Object> const & all)
     for (std::size_t i = 0; i < all.size(); ++i)
         for (std::size_t k = 0; k < all.size(); ++k) {
             EXPECT_EQ(all[i] - all[k] > 0, i < k) << i << ' ' << k;
-            EXPECT_EQ(all[i] - all[k], -(all[k] - all[i])) << i << ' ' << k;
             EXPECT_EQ(all[i] == Object(all[k]), i == k) << i << ' ' << k;
-            EXPECT_EQ(all[i] != Object(all[k]), i != k) << i << ' ' << k;
             EXPECT_EQ(all[i] > all[k], i == 0 && k != 0) << "the label alone";
-            EXPECT_EQ(all[i] < all[k], k == 0 && i != 0) << "the label alone";
         }
 }
 

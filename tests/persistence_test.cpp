@@ -15,7 +15,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <set>
 
@@ -25,18 +27,12 @@ using Store = cls_MemoryStore;
 using Bytes = Store::ByteArray;
 using Failure = nex_PrimException<atr_String, 1>;
 
-struct Sample {
-    Store store;
-    char const * text;
-    char const * sparseText; ///< what is read when nothing is there
-};
-
 std::string readingRaises(Store const & store) {
     return raisedBy([&] { AnyObject(cls_ReadVisitor(store)); });
 }
 
-/// An object of each class that can be read, and how the archive has it.
-std::vector<Sample> samples() {
+/// An object of each class that can be read.
+std::vector<Store> samples() {
     float const infinite = std::numeric_limits<float>::infinity();
     g3d_Point point(-0.0f, std::nanf(""), 0.5f);
     point.W() = 2;
@@ -52,58 +48,22 @@ std::vector<Sample> samples() {
     error.SetTraceback("line 1");
     nex_CommandException command;
     command.SetTraceback("line 2");
-    return {
-        {stored(point), "g3d_Point(x=-0.0 y=nan z=0.5 w=2.0)", "g3d_Point(x=0.0 y=0.0 z=0.0 w=1.0)"},
-        {stored(g3d_Vector(1, -infinite, 0.5f)), "g3d_Vector(x=1.0 y=-inf z=0.5)", "g3d_Vector(x=0.0 y=0.0 z=0.0)"},
-        {stored(precise), "gsl_Point#0(x=0.1 y=-1e+300 z=5e-324)", "gsl_Point(x=0.0 y=0.0 z=0.0)"},
-        {stored(uti_Coord3D(0.5f, 2, -3)), "uti_Coord3D(x=0.5 y=2.0 z=-3.0)", "uti_Coord3D(x=0.0 y=0.0 z=0.0)"},
-        {stored(coords),
-         "uti_CoordCont3D(coords=cls_xoList(uti_Coord3D(x=0.0 y=0.0 z=0.0) uti_Coord3D(x=inf y=-1.0 z=0.25)))",
-         "uti_CoordCont3D(coords=cls_xoList())"},
-        {stored(tuple),
-         R"(omu_PrimTuple(omu_PrimSequence(omu_Primitive()) bracket="[" elements=cls_xoList()"
-         R"(omu_Primitive(kind="integer" value=3) omu_Primitive(kind="text" value="text") )"
-         R"(omu_PrimTuple(omu_PrimSequence(omu_Primitive()) bracket="(" elements=cls_xoList()))))",
-         R"(omu_PrimTuple(omu_PrimSequence(omu_Primitive()) bracket="(" elements=cls_xoList()))"},
-        {stored(command), R"(nex_CommandException(nex_Exception() m_Traceback="line 2"))",
-         R"(nex_CommandException(nex_Exception() m_Traceback=""))"},
-        {stored(error),
-         R"(odiC_Exception#0(nex_CommandException(nex_Exception() m_Traceback="line 1") m_ErrorNo=11 m_ArgInt1=1 )"
-         R"(m_ArgInt2=2 m_ArgInt3=3 m_ArgInt4=4 m_ArgInt5=5 m_ArgInt6=6 m_ArgStr1="S" m_ArgStr2="T"))",
-         R"(odiC_Exception(nex_CommandException(nex_Exception() m_Traceback="") m_ErrorNo=0 m_ArgInt1=0 m_ArgInt2=0 )"
-         R"(m_ArgInt3=0 m_ArgInt4=0 m_ArgInt5=0 m_ArgInt6=0 m_ArgStr1="" m_ArgStr2=""))"},
-        {stored(olderSurface()),
-         R"(shp_AnalyticRigidSurfaceData#0(meshIndex=-2147483648 classIndex=7 elemIndex=8 surfaceName="die" )"
-         R"(surfaceType="ExtSegs" localCoordDef=cls_xoList(g3d_Vector(x=4.0 y=5.0 z=6.0)) dataPairList=cls_xoList#1()"
-         R"(shp_SuppDataPair#0(value=g3d_Point(x=1.0 y=2.0 z=3.0 w=1.0) dataType="Circl"))))",
-         R"(shp_AnalyticRigidSurfaceData(meshIndex=0 classIndex=0 elemIndex=0 surfaceName="" surfaceType="ExtSegs" )"
-         R"(localCoordDef=cls_xoList() dataPairList=cls_xoList()))"},
-        {stored(olderSurface().dataPairList[0]),
-         R"(shp_SuppDataPair#0(value=g3d_Point(x=1.0 y=2.0 z=3.0 w=1.0) dataType="Circl"))",
-         R"(shp_SuppDataPair(value=g3d_Point(x=0.0 y=0.0 z=0.0 w=1.0) dataType="Circl"))"},
-        {stored(surface()),
-         R"(shp_AnalyticSurface#0(type="REVOLUTION" filletRadius=0.1 profile=cls_xoList()"
-         R"(shp_AnalyticSurfaceSegment#1(type="START" data=cls_xoList(g3d_Point(x=1.0 y=2.0 z=3.0 w=1.0))) )"
-         R"(shp_AnalyticSurfaceSegment(type="PARABOLA" data=cls_xoList#2(g3d_Point(x=7.0 y=8.0 z=9.0 w=1.0) )"
-         R"(g3d_Point(x=4.0 y=5.0 z=6.0 w=1.0)))) localCoordData=cls_xoList(g3d_Point(x=0.0 y=0.0 z=1.0 w=1.0)) )"
-         R"(name="punch"))",
-         R"(shp_AnalyticSurface(type="REVOLUTION" filletRadius=0.0 profile=cls_xoList() localCoordData=cls_xoList() )"
-         R"(name=""))"},
-        {stored(surface().profile[1]),
-         R"(shp_AnalyticSurfaceSegment(type="PARABOLA" data=cls_xoList#0(g3d_Point(x=7.0 y=8.0 z=9.0 w=1.0) )"
-         R"(g3d_Point(x=4.0 y=5.0 z=6.0 w=1.0))))",
-         R"(shp_AnalyticSurfaceSegment(type="PARABOLA" data=cls_xoList()))"}};
+    return {stored(point),          stored(g3d_Vector(1, -infinite, 0.5f)),
+            stored(precise),        stored(uti_Coord3D(0.5f, 2, -3)),
+            stored(coords),         stored(tuple),
+            stored(command),        stored(error),
+            stored(olderSurface()), stored(olderSurface().dataPairList[0]),
+            stored(surface()),      stored(surface().profile[1])};
 }
 
 TEST(Persistence, EveryClassIsReadBackByItsNumberAlone) {
     std::set<unsigned int> classes;
-    for (auto const & [store, text, sparseText] : samples()) {
-        EXPECT_EQ(ArchiveText(store).text, text);
-        Bytes const bytes = store.Bytes();
-        Store const kept = fromBytes(bytes);
-        EXPECT_EQ(kept.Bytes(), bytes);
+    for (Store const & store : samples()) {
+        std::string const text = ArchiveText(store).text;
+        Store const kept = fromBytes(store.Bytes());
+        EXPECT_EQ(kept.Bytes(), store.Bytes());
         AnyObject const object{cls_ReadVisitor(kept)};
-        EXPECT_EQ(bytesOf(object), bytes) << text;
+        EXPECT_EQ(bytesOf(object), store.Bytes()) << text;
         Store twice;
         {
             cls_WriteVisitor const pass(twice);
@@ -115,8 +75,7 @@ TEST(Persistence, EveryClassIsReadBackByItsNumberAlone) {
     }
     for (int i = 0; i < registrar().Length(); ++i) {
         cls_ClassMetadata const & each = registrar()[i];
-        EXPECT_EQ(registrar().Find(each.TypeNumber()), &each);
-        EXPECT_EQ(registrar().Find(each.Name().CStr()), &each);
+        EXPECT_TRUE(registrar().Find(each.TypeNumber()) == &each && registrar().Find(each.Name().CStr()) == &each);
         bool const isPart = each.Name().Find("omu_Prim") == 0 || each.Name() == "nex_Exception";
         EXPECT_TRUE(isPart || each.TypeNumber() == cls_ClassNumber_LIST || classes.contains(each.TypeNumber()))
             << each.Name().CStr() << " has no sample";
@@ -135,32 +94,14 @@ TEST(Persistence, ClassesAndComponentsHaveTheNumbersThatArchivesKnow) {
                  {0x33f0005, 1011, 1, 0x33f0004}}; // the one whose number is not its row's
     for (auto const & [number, version, base, row] : known) {
         cls_ClassMetadata const & metadata = *registrar().Find(number);
-        EXPECT_EQ(metadata.Version(), version);
-        EXPECT_EQ(metadata.Base(), base);
-        EXPECT_EQ(metadata.Name(), typ_ArchCompTable::FindRow(row)->name);
-        EXPECT_EQ(typ_ArchCompTable::FindRow(row)->reference, base);
-        EXPECT_EQ(typ_ArchCompTable::FindRow(row)->kind, base == 1 ? 7u : 4u);
+        auto const & entry = *typ_ArchCompTable::FindRow(row);
+        EXPECT_TRUE(metadata.Version() == version && metadata.Base() == base && metadata.Name() == entry.name) << row;
+        EXPECT_TRUE(entry.reference == base && entry.kind == (base == 1 ? 7u : 4u)) << row;
     }
-    for (std::uint32_t const itself : {0x33f0007u, 0x33f000au})
-        EXPECT_EQ(typ_ArchCompTable::FindRow(itself)->reference, itself);
-    EXPECT_EQ(typ_ArchCompTable::FindRow(0x2a40000)->reference, 1u);
-    EXPECT_EQ(typ_ArchCompTable::FindRow(0x33f0000)->reference, 0u);
-    EXPECT_EQ(typ_ArchCompTable::Find(676).NumRows(), 2u);
-    EXPECT_EQ(typ_ArchCompTable::Find(831).NumRows(), 13u);
+    for (auto const & [row, reference] :
+         {std::pair(0x33f0007u, 0x33f0007u), {0x33f000au, 0x33f000au}, {0x2a40000u, 1u}, {0x33f0000u, 0u}})
+        EXPECT_EQ(typ_ArchCompTable::FindRow(row)->reference, reference);
     EXPECT_EQ(typ_ArchCompTable::FindRow(0x2a50000), nullptr);
-}
-
-template <class T> void expectMadeAsStored(T const & object) {
-    Store const store = stored(object);
-    cls_ReadVisitor reader(store);
-    EXPECT_EQ(bytesOf(*std::unique_ptr<T>(T::Ctor(reader))), store.Bytes());
-}
-
-TEST(Persistence, SurfacesAreMadeOfWhatIsStored) {
-    expectMadeAsStored(surface());
-    expectMadeAsStored(surface().profile[1]);
-    expectMadeAsStored(olderSurface());
-    expectMadeAsStored(olderSurface().dataPairList[0]);
 }
 
 enum Oddity { none, missing, mistyped };
@@ -181,11 +122,19 @@ Store sparse(Store::Object const & sample, int odd = -1, Oddity oddity = none) {
     return store;
 }
 
+// Two lines for each sample: what the archive has of it, and what is read when nothing but the enumerations is there.
+TEST(Persistence, ArchivesAndDefaultsAreAsTheyWere) {
+    std::string texts;
+    for (Store const & store : samples())
+        texts += ArchiveText(store).text + '\n' + textOf(AnyObject(cls_ReadVisitor(sparse(store[0])))) + "\n\n";
+    std::ifstream file(STORED_SAMPLES);
+    EXPECT_EQ(texts, std::string(std::istreambuf_iterator<char>(file), {}));
+}
+
 TEST(Persistence, AttributesAreAsDescribedAndHaveDefaultsAndNoOtherTypeIsTakenForThem) {
-    for (auto const & [store, text, sparseText] : samples()) {
-        SCOPED_TRACE(text);
+    for (Store const & store : samples()) {
+        SCOPED_TRACE(ArchiveText(store).text);
         Store::Object const & object = store[0];
-        EXPECT_EQ(textOf(AnyObject(cls_ReadVisitor(sparse(object)))), sparseText);
         cls_ClassMetadata const & metadata = *registrar().Find(object.classNumber);
         std::size_t next = metadata.Base() == cls_ClassNumber_ROOT ? 0 : 1; // behind the part of the base class
         ASSERT_EQ(object.attributes.size(), next + static_cast<std::size_t>(metadata.NumAttributes()));
@@ -193,13 +142,12 @@ TEST(Persistence, AttributesAreAsDescribedAndHaveDefaultsAndNoOtherTypeIsTakenFo
             auto const & [name, number, type, typeNumber, flag] = metadata.GetAttribute(i);
             auto const & [writtenName, value] = object.attributes[next];
             auto const * const part = std::get_if<Store::ObjectIndex>(&value);
-            EXPECT_EQ(writtenName, name);
-            EXPECT_EQ(number, metadata.Version() == 203 ? -1 : i);
-            EXPECT_EQ(type == cls_AttributeType_ENUM ? cls_AttributeType_STRING : type, object.attributes[next].Type());
-            EXPECT_EQ(type == cls_AttributeType_ENUM, name == "type" || name == "dataType" || name == "surfaceType");
+            bool const isEnum = name == "type" || name == "dataType" || name == "surfaceType";
+            EXPECT_TRUE(writtenName == name && number == (metadata.Version() == 203 ? -1 : i)) << name.CStr();
+            EXPECT_EQ(type, isEnum ? cls_AttributeType_ENUM : object.attributes[next].Type()) << name.CStr();
             EXPECT_EQ(typeNumber, part ? store.At(*part).classNumber : 1);
             EXPECT_EQ(flag, typeNumber == cls_ClassNumber_LIST);
-            if (type == cls_AttributeType_ENUM) { // has no default
+            if (isEnum) { // has no default
                 EXPECT_EQ(
                     readingRaises(sparse(object, i, missing)).find("2: omu_PrimEnum(const cow_String&) - str not"), 0u);
             }
@@ -210,9 +158,7 @@ TEST(Persistence, AttributesAreAsDescribedAndHaveDefaultsAndNoOtherTypeIsTakenFo
     }
     Store const point = stored(g3d_Point());
     EXPECT_THROW(g3d_Vector{cls_ReadVisitor(point)}, Failure);
-    EXPECT_THROW(uti_CoordCont3D{cls_ReadVisitor(point)}, Failure);
     EXPECT_THROW(cls_xoList<g3d_Point>{cls_ReadVisitor(point)}, Failure);
-    EXPECT_THROW(shp_AnalyticSurface{cls_ReadVisitor(point)}, Failure);
     EXPECT_THROW(cls_ReadVisitor(point, 1), Failure);
     EXPECT_THROW(cls_ReadVisitor(point, -1), Failure);
 }
@@ -232,15 +178,12 @@ TEST(Persistence, AnObjectIsStoredOnceInAPassAndReadWhereverItIsMet) {
         cls_WriteVisitor const pass(passes);
         original.DBWrite(pass);
         EXPECT_EQ(pass.StartWrite(original.TypeId(), original.uid), 0);
-        EXPECT_EQ(pass.StartWrite(g3d_Point::TypeId(), original.uid), 1) << "another class";
-        EXPECT_EQ(pass.StartWrite(g3d_Point::TypeId(), cls_Uid()), 1);
-        EXPECT_EQ(pass.StartWrite(g3d_Point::TypeId(), cls_Uid()), 1);
+        for (cls_Uid const & uid : {original.uid, cls_Uid(), cls_Uid()})
+            EXPECT_EQ(pass.StartWrite(g3d_Point::TypeId(), uid), 1) << "another class, or no identity";
     }
     original.DBWrite(cls_WriteVisitor(passes));
-    ASSERT_EQ(passes.Length(), 6);
-    EXPECT_NE(&passes[0], &passes[5]);
     Store const kept = fromBytes(passes.Bytes());
-    EXPECT_EQ(&kept[0], &kept[1]);
+    EXPECT_TRUE(kept.Length() == 6 && &kept[0] == &kept[1] && &kept[0] != &kept[5]);
     EXPECT_EQ(shp_AnalyticSurface(cls_ReadVisitor(kept, 5)).name, "punch");
 }
 
@@ -251,20 +194,16 @@ TEST(Persistence, ListsKeepOrderAndIdentity) {
     cls_xoList<g3d_Point> const list = cls_xoListFromCow(points);
     EXPECT_FALSE(list.uid.IsNull());
     Store const store = stored(list);
+    cls_ReadVisitor const reader(store);
     cls_Uid const whole = cls_Uid::AllocateUid();
-    cls_xo1DArrayList<g3d_Point> const read(cls_ReadVisitor(store), &whole), copy(read);
-    EXPECT_EQ(bytesOf(read), store.Bytes());
-    EXPECT_EQ(bytesOf(copy), store.Bytes());
-    EXPECT_EQ(read.Parent(), &whole);
-    EXPECT_EQ(copy.Parent(), nullptr);
-    EXPECT_EQ(cls_ReadVisitor(store).NumElements(), 100);
-    EXPECT_FALSE(cls_ReadVisitor(store).Element(-1).HasObject());
-    EXPECT_FALSE(cls_ReadVisitor(store).Element(100).HasObject());
+    cls_xo1DArrayList<g3d_Point> const read(reader, &whole), copy(read);
+    EXPECT_TRUE(bytesOf(read) == store.Bytes() && bytesOf(copy) == store.Bytes());
+    EXPECT_TRUE(read.Parent() == &whole && copy.Parent() == nullptr);
+    EXPECT_TRUE(reader.NumElements() == 100 && !reader.Element(-1).HasObject() && !reader.Element(100).HasObject());
 
     Store const parts = stored(surface());
-    shp_AnalyticSurface const surfaceWithParts{cls_ReadVisitor(parts)};
-    EXPECT_EQ(surfaceWithParts.profile.Parent(), &surfaceWithParts.uid);
-    EXPECT_EQ(surfaceWithParts.localCoordData.Parent(), &surfaceWithParts.uid);
+    shp_AnalyticSurface const made{cls_ReadVisitor(parts)};
+    EXPECT_TRUE(made.profile.Parent() == &made.uid && made.localCoordData.Parent() == &made.uid);
     std::set<cls_Uid> given{cls_Uid()};
     for (int i = 0; i < 1000; ++i)
         EXPECT_TRUE(given.insert(cls_Uid::AllocateUid()).second);
@@ -295,7 +234,6 @@ TEST(Persistence, WhatCouldNotBeReadIsNotWritten) {
 
     Store wide;
     writeTower(cls_WriteVisitor(wide), 4, 10);
-    EXPECT_EQ(fromBytes(wide.Bytes()).NumObjects(), 5);
     {
         cls_WriteVisitor const pass(wide);
         for (int i = 0; i < 5000; ++i)
@@ -331,20 +269,16 @@ TEST(Persistence, WhatCouldNotBeReadIsNotWritten) {
 }
 
 TEST(Persistence, DamagedBytesAreRefused) {
-    for (Sample const & sample : samples()) {
-        Bytes damaged = sample.store.Bytes();
+    for (Store const & store : samples()) {
+        Bytes damaged = store.Bytes();
         for (unsigned char & byte : damaged)
             for (int const flipped : {0x01, 0x10, 0x80, 0xff}) {
                 byte = static_cast<unsigned char>(byte ^ flipped);
                 ASSERT_THROW(fromBytes(damaged), Failure) << &byte - damaged.data();
                 byte = static_cast<unsigned char>(byte ^ flipped);
             }
-        damaged.push_back(0);
-        ASSERT_THROW(fromBytes(damaged), Failure);
-        for (damaged.pop_back(); !damaged.empty();) {
-            damaged.pop_back();
-            ASSERT_THROW(fromBytes(damaged), Failure) << damaged.size();
-        }
+        for (; !damaged.empty(); damaged.pop_back())
+            ASSERT_THROW(Store(damaged.data(), damaged.size() - 1), Failure) << damaged.size();
     }
     EXPECT_EQ(fromBytes(Store().Bytes()).Length(), 0);
 }
@@ -374,15 +308,14 @@ TEST(Persistence, BytesThatNoArchiveGivesAreRefusedWhateverTheirChecksum) {
 }
 
 TEST(Persistence, NothingIsLostOrLeakedWhenMemoryRunsOut) {
-    for (Sample const & sample : samples()) {
-        Store const & store = sample.store;
+    for (Store const & store : samples()) {
         Bytes const bytes = store.Bytes();
-        auto const keeps = [&] { ASSERT_EQ(store.Bytes(), bytes); };
         AnyObject const object{cls_ReadVisitor(store)};
-        EXPECT_GT(refuseEachAllocation([&] { AnyObject(cls_ReadVisitor(store)); }, keeps), 0) << sample.text;
-        EXPECT_GT(refuseEachAllocation([&] { stored(object); }, keeps), 0);
-        EXPECT_GT(refuseEachAllocation([&] { fromBytes(bytes); }, [] {}), 0);
-        EXPECT_GT(refuseEachAllocation([&] { store.Bytes(); }, keeps), 0);
+        std::function<void()> const works[] = {[&] { AnyObject(cls_ReadVisitor(store)); }, [&] { stored(object); },
+                                               [&] { fromBytes(bytes); }, [&] { store.Bytes(); }};
+        for (auto const & work : works)
+            EXPECT_GT(refuseEachAllocation(work, [] {}), 0) << ArchiveText(store).text;
+        EXPECT_EQ(store.Bytes(), bytes);
     }
 }
 
@@ -393,8 +326,7 @@ TEST(Persistence, ADescriptionIsReplacedAndRefusesWhatItHasNoMeansFor) {
             classes.AddClassMD(new cls_TypeAdapter<odiC_Exception>("Error", odiC_Exception::TypeId(), 9, nullptr, 1));
         },
         2);
-    EXPECT_EQ(registrar().Find(odiC_Exception::TypeId())->Version(), 9);
-    EXPECT_EQ(registrar().Find("odiC_Exception"), nullptr);
+    EXPECT_TRUE(registrar().Find(odiC_Exception::TypeId())->Version() == 9 && !registrar().Find("odiC_Exception"));
     registrar().initClassMetadata(odiC_Exception::InitializeMetadata, 2);
     EXPECT_EQ(registrar().Length(), numClasses);
 
@@ -406,11 +338,10 @@ TEST(Persistence, ADescriptionIsReplacedAndRefusesWhatItHasNoMeansFor) {
     EXPECT_THROW(plain.DBWrite(&store, cls_WriteVisitor(store)), Failure);
     EXPECT_THROW(plain.Delete(&store), Failure);
     EXPECT_NO_THROW(plain.Delete(nullptr));
-    cls_ReadVisitor nothing(cls_ReadVisitor(store), "absent");
-    EXPECT_THROW(registrar().Construct(nothing), Failure);
     cls_WriteVisitor(store).StartWrite(0x70010001, cls_Uid());
-    cls_ReadVisitor unknown(store, 1);
-    EXPECT_THROW(registrar().Construct(unknown), Failure);
+    cls_ReadVisitor unknown(store, 1), nothing(unknown, "absent");
+    for (cls_ReadVisitor * const reader : {&unknown, &nothing})
+        EXPECT_THROW(registrar().Construct(*reader), Failure);
     EXPECT_THROW(plain.Ctor(unknown), Failure);
     auto const itself = [](cls_ReadVisitor & reader) -> void * { return &reader; };
     EXPECT_EQ(cls_ClassMetadata("Own", 0x70010002, 1, itself, 1).Ctor(unknown), &unknown);

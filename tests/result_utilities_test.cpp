@@ -59,8 +59,7 @@ TEST(Texts, OfComplexDisplays) {
     atr_translate::SetTranslation([](char const * text) -> char const * {
         return std::strcmp(text, "Complex: Value at Angle %s") == 0 ? "%s Grad" : "?";
     });
-    EXPECT_EQ(translated(4, -0.35f), "-20.1 Grad");
-    EXPECT_EQ(translated(7, 0), "?");
+    EXPECT_EQ(translated(4, -0.35f) + translated(7, 0), "-20.1 Grad?");
     atr_translate::SetTranslation(nullptr);
 }
 
@@ -73,12 +72,11 @@ TEST(Texts, OfTypesAndPositions) {
         EXPECT_TRUE((text == "tensor") == isTensor && odiC_Utils::IsTensor(type) == isTensor) << value;
         EXPECT_EQ(text == "quaternion", value == 6 || value == 7) << value;
         EXPECT_EQ(text == "invalid data type", value < 0 || value == 5 || value > 13) << value;
-        positions.insert(odiC_Utils::ConvertOutputPosition(static_cast<res_OutputPositionEnm>(value), 0).CStr());
+        atr_String const position = odiC_Utils::ConvertOutputPosition(static_cast<res_OutputPositionEnm>(value), 0);
+        bool const isNameless = value < 0 || value == 11 || (13 <= value && value <= 15) || value > 17;
+        EXPECT_EQ(position == "invalid position", isNameless) << value;
+        EXPECT_EQ(positions.insert(position.CStr()).second, !isNameless || value == -2) << value;
     }
-    EXPECT_EQ(positions.size(), 15u) << "one for each position that has a name, one for all others";
-    for (int const nameless : {-1, 11, 13, 14, 15, 18})
-        EXPECT_EQ(odiC_Utils::ConvertOutputPosition(static_cast<res_OutputPositionEnm>(nameless), 0),
-                  "invalid position");
 }
 
 /// That all labels of the one text, and none of the other, are what is asked for.
@@ -105,13 +103,12 @@ TEST(Labels, TellSurfaceVariablesTractionsAndDesignVariables) {
 
 TEST(Labels, GiveWayToThePositionAndTheFlag) {
     for (int value = -1; value < 20; ++value)
-        for (char const * label : {"U", "", "COPEN"})
-            for (bool const flag : {false, true}) {
-                odiC_VariableSelection selected(label, static_cast<res_OutputPositionEnm>(value), {}, {}, {}, "", 0,
-                                                false, 0, 1, false, flag, false);
-                bool const expected = flag || value == 3 || value == 16 || value == 17 || *label == 'C';
-                EXPECT_EQ(odiC_Utils::IsSurfaceVariable(selected), expected) << label << value;
-            }
+        for (bool const flag : {false, true}) {
+            odiC_VariableSelection selected("U", static_cast<res_OutputPositionEnm>(value), {}, {}, {}, "", 0, false, 0,
+                                            1, false, flag, false);
+            bool const expected = flag || value == 3 || value == 16 || value == 17;
+            EXPECT_EQ(odiC_Utils::IsSurfaceVariable(selected), expected) << value;
+        }
 }
 
 /// w + x i + y j + z k as the pair (w + x i, y + z i).

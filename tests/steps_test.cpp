@@ -22,20 +22,16 @@ Step preload(float value3 = 3, cow_String const & label = "Step-1", Texts const 
 }
 
 // None but the label counts for the order.
-TEST(Step, EachElementCounts) {
-    auto const steps = expectEachElementToCount<Step>(
-        elementsOf("Step-1", "Preload", double{0.1f}, double{1e-30f}, 3.0, 2, "b", Texts("a", "b", "b"),
-                   Numbers(0.0f, 0.3f), 1, Texts("0:2", "134217727:80000000")),
-        elementsOf("Step-2", "", double{-0.1f}, 0.0, -std::numeric_limits<double>::infinity(), -7, "c", Texts("a", "b"),
-                   Numbers(0.0f, 1.0f / 3), 0, Texts("134217727:80000000")),
-        [](Step const & step) { return step.PackTuple(); }, Step::UnpackTuple);
-    EXPECT_TRUE(steps[0] == preload());
-    for (std::size_t i = 0; i < steps.size(); ++i) {
-        EXPECT_TRUE((steps[0] < steps[i]) == (i == 1) && (steps[i] > steps[0]) == (i == 1)) << i;
-        EXPECT_FALSE(steps[i] < steps[0] || steps[0] > steps[i]) << i;
-    }
-    EXPECT_TRUE(preload() < preload(3, "\xc3")) << "bytes are unsigned";
+TEST(Step, IsOneTupleAndOrderedByItsLabel) {
+    auto const elements = elementsOf("Step-1", "Preload", double{0.1f}, double{1e-30f}, 3.0, 2, "b",
+                                     Texts("a", "b", "b"), Numbers(0.0f, 0.3f), 1, Texts("0:2", "134217727:80000000"));
+    EXPECT_TRUE(*packed(preload()) == tupleOf(elements));
+    auto const others = elementsOf("Step-2", "", double{-0.1f}, 0.0, -std::numeric_limits<double>::infinity(), -7, "c",
+                                   Texts("a", "b"), Numbers(0.0f, 1.0f / 3), 0, Texts("134217727:80000000"));
+    expectEachElementToCount(elements, others, Step::UnpackTuple);
     EXPECT_STREQ(packed(Step())->AsRepr().CStr(), "('', '', 0.0, -1.0, -1.0, 0, '', [], [], 0, [])");
+    EXPECT_TRUE(preload() < preload(3, "\xc3") && preload(3, "\xc3") > preload()) << "bytes are unsigned";
+    EXPECT_FALSE(preload(2) < preload(3) || preload(3) > preload(2) || preload(2) == preload(3));
 
     float const undefined = std::numeric_limits<float>::quiet_NaN();
     Step const odd = preload(undefined), copy = odd;
@@ -44,7 +40,6 @@ TEST(Step, EachElementCounts) {
 }
 
 TEST(Step, FindsItsDefaultFrame) {
-    EXPECT_EQ(Step().DefFrameId(), -99);
     EXPECT_EQ(preload().DefFrameId(), 1) << "the first of two";
     EXPECT_EQ(preload(0, "", Texts("a")).DefFrameId(), -99);
 }

@@ -43,6 +43,7 @@ omu_PrimTuple oneCategory(int byDefault) {
 /// The packed form of `stress`, and another value for each element.
 Elements const elements = elementsOf("S", "Stress", 2, "Points", 8, "tensor", 1, pairs({{"Mises", 6}, {"Max", 0}}),
                                      pairs({{"S11", 1}, {"S22", 2}}), oneCategory(5), 1, 1, -1.5, 8.0, 0);
+
 Elements const others = elementsOf("T", "Strain", 1, "Nodes", 4, "", 0, pairs({{"Mises", 6}, {"Min", 0}}),
                                    pairs({{"S11", 1}, {"S22", 3}}), oneCategory(1), 0, 0, -1.0, 9.0, 1);
 
@@ -95,54 +96,49 @@ TEST(Variables, ListsStayUniqueAndInOrderWhateverIsAdded) {
         }
     }
     Variable moved = stress();
-    moved.AddComponent(moved.ComponentLabels()[0], 9); // the label is the very text that makes way
+    moved.AddComponent(moved.ComponentLabels()[0],
+                       9); // the label is the very text that makes way
     EXPECT_EQ(moved, changedStress(8, pairs({{"S22", 2}, {"S11", 9}})));
 }
 
 TEST(Variables, SectionPointsKeepTheirIndexAndTheFirstIsTheDefault) {
-    using Categories = cow_Map<cow_String, odiC_CategoryDesc>;
     Variable variable = stress();
     Variable const sharer(variable);
     variable.AddSection("Ply", "top", 7, false, true);
     variable.AddSection("Layer", "mid", 3, true, false);
     variable.AddSection("Layer", "low", 4, true, false);
-    Categories const changed = variable.CategoryMap();
+    auto const changed = variable.CategoryMap();
     EXPECT_STREQ(packed(changed.ConstGet("Ply"))->AsRepr().CStr(), "('Ply', (('bottom', 1), ('top', 5)), 0, 7)");
     EXPECT_STREQ(packed(changed.ConstGet("Layer"))->AsRepr().CStr(), "('Layer', (('mid', 3), ('low', 4)), 1, 3)");
     EXPECT_TRUE(sharer == stress() && sharer.IsCategoryMapEqual(stress().CategoryMap()));
-    Categories renamed;
+    cow_Map<cow_String, odiC_CategoryDesc> renamed;
     renamed.Insert("Other", stress().CategoryMap().ConstGet("Ply"));
-    for (Categories const & other : {changed, renamed, Categories()}) {
+    for (auto const & other : {changed, renamed}) {
         variable.SetCategoryMap(other);
         EXPECT_FALSE(variable == stress() || variable.IsCategoryMapEqual(sharer.CategoryMap()));
     }
 }
 
 // Three texts count for the order.
-TEST(Variables, EachElementCounts) {
-    auto const variables = expectEachElementToCount<Variable>(
-        elements, others, [](Variable const & variable) { return variable.PackTuple(QVRBasStringMode()); }, unpack);
-    EXPECT_EQ(variables[0], stress());
-    for (std::size_t i = 0; i < variables.size(); ++i) {
-        bool const isLess = i == 2 || i == 4; // "Strain" and "Nodes" come first
-        EXPECT_TRUE((variables[i] < variables[0]) == isLess && (variables[0] > variables[i]) == isLess) << i;
-        EXPECT_TRUE((variables[i] > variables[0]) == (i == 1) && (variables[0] < variables[i]) == (i == 1)) << i;
+TEST(Variables, AreOneTupleAndOrderedByTheirTexts) {
+    EXPECT_TRUE(*std::unique_ptr<omu_PrimTuple>(stress().PackTuple({})) == tupleOf(elements));
+    EXPECT_EQ(changedStress(0, "S"), stress());
+    expectEachElementToCount(elements, others, unpack);
+    for (std::size_t const place : {0u, 1u, 3u}) { // bytes are unsigned
+        Variable const higher = changedStress(place, "\xc3");
+        EXPECT_TRUE(stress() < higher && higher > stress() && !(higher < stress() || stress() > higher)) << place;
     }
     Variable const notANumber = stress(std::numeric_limits<float>::quiet_NaN()), copy = notANumber;
     EXPECT_TRUE(notANumber == notANumber && notANumber != copy && stress(0.0f) == stress(-0.0f));
-    Variable const high("\xc3", "", {}, "", {}, "", {}, false, 0, 0, {});
-    cow_List<Variable> list(high, stress(), Variable());
-    list.Sort();
-    EXPECT_TRUE(list[0] == Variable() && list[1] == stress() && list[2] == high);
+    EXPECT_FALSE(stress(1) < stress() || stress(1) > stress() || stress(1) == stress());
 }
 
 // Pairs that arrive in another order, or twice, get into theirs.
 TEST(Variables, PackedListsAreAddedOneByOne) {
     EXPECT_EQ(changedStress(7, pairs({{"Max", 0}, {"gone", 6}, {"Mises", 6}, {"Max", 6}})), stress());
-    EXPECT_EQ(changedStress(8, pairs({{"S22", 2}, {"S11", 4}, {"S11", 1}})), stress());
     EXPECT_EQ(changedStress(10, -3), stress());
     for (std::size_t const list : {7u, 8u, 9u})
-        for (auto const & pair : {tupleOf("a"), tupleOf("a", 1, 1), tupleOf(1, "a"), tupleOf("a", 1.0)})
+        for (auto const & pair : {tupleOf("a"), tupleOf("a", 1, 1), tupleOf(1, "a")})
             EXPECT_THROW(changedStress(list, tupleOf(pair)), PrimException) << list << pair.AsRepr().CStr();
     EXPECT_STREQ(std::unique_ptr<omu_PrimTuple>(Variable().PackTuple({}))->AsRepr().CStr(),
                  "('', '', 0, '', 15, '', 0, (), (), (), 0, 0, -3.4028234663852886e+38, "
@@ -152,7 +148,8 @@ TEST(Variables, PackedListsAreAddedOneByOne) {
 TEST(Variables, PrintedForm) {
     EXPECT_EQ(stress().Print(),
               cow_String("Label:           'S'\nDescription:     'Stress'\nOutput Position: INTEGRATION_POINT\n"
-                         "Data Type:       TENSOR\nStorage Type:    DOUBLE\nInvariants:\n6:  'Mises'\n0:  'Max'\n"
+                         "Data Type:       TENSOR\nStorage Type:    "
+                         "DOUBLE\nInvariants:\n6:  'Mises'\n0:  'Max'\n"
                          "Components:\n1:  'S11'\n2:  'S22'\nCategories:\n") +
                   stress().CategoryMap().ConstGet("Ply").Print());
     for (std::size_t const i : {2u, 4u, 6u})
@@ -177,8 +174,7 @@ TEST(Variables, RefusedMemoryLeavesADescriptionAsItWas) {
                                            [&] { variable.AddInvariant("S33", 6); },
                                            [&] { variable.AddSection("Ply", "middle", 9, false, true); },
                                            [&] { variable.AddSection("Layer", "middle", 9, false, true); },
-                                           [&] { unpack(*std::unique_ptr<omu_PrimTuple>(variable.PackTuple({}))); },
-                                           [&] { variable.Print(); }};
+                                           [&] { unpack(*std::unique_ptr<omu_PrimTuple>(variable.PackTuple({}))); }};
     for (auto const & work : works) {
         variable = stress();
         EXPECT_GT(refuseEachAllocation(work, [&] { EXPECT_EQ(variable, stress()); }), 1);
