@@ -48,6 +48,19 @@ inline void addTables(TableDigests & digests, shp_Shape const & s) {
           s.interpolationOrder, s.interpolationClass, s.numShapeFunctions, s.numDerivatives, s.options.Shape(),
           s.options.NumNodes(), s.options.NumIntPnts(), s.options.Mode()})
         digests["numbers"].add(number);
+    for (bool flag : {s.isTwistedElement,   s.isContinuumShell,
+                      s.isGasket,           s.isCohesive,
+                      s.isCylindrical,      s.isRigid,
+                      s.hasResults,         s.isAnalyticalRigidSurface,
+                      s.isFluidpipeThermal, s.isFluidpipeAnnulusThermal,
+                      s.isUnassigned73,     s.isInteraction,
+                      s.isNodalWeighted,    s.isAxiSymmetric,
+                      s.isSweepable,        s.isExtrudable,
+                      s.isCaxaElement,      s.isLayeredSolid,
+                      s.hasDerivatives,     s.Is3DShell()})
+        digests["flags"].add(flag);
+    for (int i = 0; i < s.label.Length(); ++i)
+        digests["keys"].add(s.label.CStr()[i]);
     for (int bit = 0; bit < 128; ++bit)
         digests["keys"].add(s.options.IsType(bit));
     digests["nodes of edges"].add(s.baseNodesPerEdgeTbl, edgeSlots);

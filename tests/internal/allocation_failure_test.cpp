@@ -4,6 +4,7 @@
 #include "../memory_refusals.h"
 
 #include <cstdlib>
+#include <vector>
 
 // The program is linked with --wrap for these, so that every block of the library (and none of the test's) counts.
 extern "C" {
@@ -42,6 +43,7 @@ class AllocationFailure : public testing::TestWithParam<char const *> {};
 
 TEST_P(AllocationFailure, LeavesNothingBehindAndTheNextRequestSucceeds) {
     int before = 0;
+    std::vector<unsigned int> numbers; // of the shape at the next request
     auto const prepare = [&] {
         omi_SingletonBase<shp_ShapeDictionary>::Finalize();
         dictionary();
@@ -51,9 +53,13 @@ TEST_P(AllocationFailure, LeavesNothingBehindAndTheNextRequestSucceeds) {
     auto const afterRefusal = [&] {
         EXPECT_EQ(liveBlocks, before);
         EXPECT_EQ(dictionary().GetShape(GetParam()), &shapeOf(GetParam()));
+        numbers.push_back(shapeOf(GetParam()).shapeRef);
         prepare();
     };
     EXPECT_GT(refuseEachAllocation([] { shapeOf(GetParam()); }, afterRefusal), 4) << "the library allocates past it";
+    std::vector<unsigned int> expected(numbers.size());
+    expected.back() = 1; // a shape that stands, but cannot be kept, uses up its number
+    EXPECT_EQ(numbers, expected);
     omi_SingletonBase<shp_ShapeDictionary>::Finalize();
 }
 

@@ -2,12 +2,8 @@
 
 #include "decision_trace.h"
 
-#include "omi_BtreeIterator.h"
+#include "../catalogued_shapes.h"
 #include "shp_InterpolationTables.h"
-#include "shp_Shape.h"
-#include "shp_ShapeDictionary.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -52,11 +48,10 @@ bool isListed(std::string const & file, std::string const & function, std::size_
 
 /// Builds every shape, and asks what is only asked later, at run time.
 void askEverythingForEveryLabel() {
-    shp_ShapeDictionary & dictionary = omi_Singleton<shp_ShapeDictionary>::Instance();
-    omi_BtreeIterator<cow_String, void *> labels(dictionary.Keys());
+    omi_BtreeIterator<cow_String, void *> labels(dictionary().Keys());
     for (bool more = labels.First(); more; more = labels.Next()) {
         countDecisionsFor(labels.CurrentKey().CStr());
-        shp_Shape const & shape = *dictionary.GetShape(labels.CurrentKey());
+        shp_Shape const & shape = *dictionary().GetShape(labels.CurrentKey());
         for (int face = 0; face < shape.NumFacesPerElem(); ++face)
             shp_InterpolationTables::getFacialNdWghtTblPtr(shape.options, face);
         countDecisionsFor("");
@@ -68,22 +63,18 @@ void askEverythingForEveryLabel() {
 TEST(DecisionLists, EveryRowIsReachedOrListedAsUnreachable) {
     askEverythingForEveryLabel();
     std::size_t rows = 0, reached = 0;
-    for (auto const & [list, count] : decisionCounts()) {
-        auto const & [file, function] = list;
-        for (std::size_t row = 0; row < count.labelsOfRow.size(); ++row, ++rows) {
-            bool const isReached = !count.labelsOfRow[row].empty();
-            reached += isReached ? 1 : 0;
-            EXPECT_NE(isReached, isListed(file, function, row))
-                << file << ", " << function << ", row " << row
-                << (isReached ? " is listed as unreachable, but reached by " + *count.labelsOfRow[row].begin()
-                              : std::string(" is reached by no label and not listed"));
+    for (auto const & [list, labels] : labelsOfRows())
+        for (std::size_t row = 0; row < labels.size(); ++row, ++rows) {
+            reached += labels[row].empty() ? 0 : 1;
+            EXPECT_EQ(labels[row].empty(), isListed(list.first, list.second, row))
+                << list.first << ", " << list.second << ", row " << row << " is reached by "
+                << (labels[row].empty() ? "no label" : *labels[row].begin());
         }
-    }
     for (UnreachedRow const & listed : unreachedRows) {
-        auto const found = decisionCounts().find({listed.file, listed.function});
-        EXPECT_TRUE(found != decisionCounts().end() && listed.row < found->second.labelsOfRow.size())
+        auto const found = labelsOfRows().find({listed.file, listed.function});
+        EXPECT_TRUE(found != labelsOfRows().end() && listed.row < found->second.size())
             << listed.file << ", " << listed.function << ", row " << listed.row << " is listed (" << listed.reason
             << ") but does not exist";
     }
-    std::printf("%zu decision lists, %zu rows, %zu reached\n", decisionCounts().size(), rows, reached);
+    std::printf("%zu decision lists, %zu rows, %zu reached\n", labelsOfRows().size(), rows, reached);
 }

@@ -4,17 +4,13 @@
 
 namespace {
 
-std::map<std::pair<std::string, std::string>, DecisionCount> counts;
+std::map<std::pair<std::string, std::string>, std::vector<std::set<std::string>>> labels;
 std::string currentLabel;
-
-std::string fileName(std::string const & path) {
-    return path.substr(path.find_last_of('/') + 1);
-}
 
 } // namespace
 
-std::map<std::pair<std::string, std::string>, DecisionCount> const & decisionCounts() {
-    return counts;
+std::map<std::pair<std::string, std::string>, std::vector<std::set<std::string>>> const & labelsOfRows() {
+    return labels;
 }
 
 void countDecisionsFor(std::string label) {
@@ -24,9 +20,11 @@ void countDecisionsFor(std::string label) {
 void shp_traceDecision(char const * file, char const * function, std::size_t numRows, std::size_t row) {
     if (currentLabel.empty())
         return;
-    DecisionCount & count = counts[{fileName(file), function}];
-    count.labelsOfRow.resize(numRows);
-    (row < numRows ? count.labelsOfRow[row] : count.labelsWithoutRow).insert(currentLabel);
+    std::string const path = file;
+    auto & rows = labels[{path.substr(path.find_last_of('/') + 1), function}];
+    rows.resize(numRows);
+    if (row < numRows)
+        rows[row].insert(currentLabel);
 }
 
 std::size_t shp_rowAt(char const *, char const *, std::size_t, std::size_t place) {

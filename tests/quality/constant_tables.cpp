@@ -21,9 +21,6 @@ namespace {
 
 using Kind = TableEntry::Kind;
 
-bool startsWith(std::string const & text, char const * start) {
-    return text.rfind(start, 0) == 0;
-}
 bool contains(std::string const & text, char const * part) {
     return text.find(part) != std::string::npos;
 }
@@ -151,9 +148,9 @@ std::vector<ConstantTable> constantTables() {
             bool const isLocal = ELF64_ST_BIND(symbol.st_info) == STB_LOCAL;
             std::string const origin = isLocal ? source : "header";
             // Variables of namespaces are not decorated; what else is global here are names of sets, and of types.
-            bool const isTable = isLocal
-                                     ? startsWith(source, "shp_") && !contains(source, "_test")
-                                     : startsWith(name, "shp_") || contains(name, "Locs") || contains(name, "IntPts");
+            bool const isTable =
+                isLocal ? source.starts_with("shp_") && !contains(source, "_test")
+                        : std::string(name).starts_with("shp_") || contains(name, "Locs") || contains(name, "IntPts");
             bool const isConstant = section == ".rodata" || (section == ".data" && isReal(origin) && isLocal);
             if (isTable && isConstant && (isReal(origin) || isInteger(origin)))
                 tables.push_back(

@@ -1,4 +1,4 @@
-// mutants [--every N] [--jobs N] [--quick] [tables | decisions]
+// mutants [--every N] [--jobs N] [--quick] tables | decisions
 //
 // Changes the library's constant tables one entry at a time, and its decision lists one row at a time (left out, or
 // exchanged with the next), each in a process of its own, and runs the laws until one fails. Prints a line for each
@@ -16,6 +16,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 
@@ -24,7 +25,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -43,36 +43,27 @@ struct DecisionChange {
 };
 
 DecisionChange decisionChange;
-int topologiesBuilt = 0;
-std::map<std::pair<std::string, std::string>, std::size_t> * decisionLists = nullptr; ///< number of rows
+std::uint64_t topologiesBuilt = 0;
+std::map<std::pair<std::string, std::string>, std::size_t> decisionLists; ///< number of rows
 
 std::string fileName(std::string const & path) {
     return path.substr(path.find_last_of('/') + 1);
 }
 
-/// What a process that met the change says, by a byte on a pipe: the number of the law that noticed, or one of these.
-constexpr unsigned char survived = 250, unseen = 251;
+/// How a process that met the change ends: with the number of the law that noticed, or with one of these.
+enum Verdict { survived = 250, unseen, withoutEffect };
 
 constexpr unsigned int secondsPerChange = 240;
 
 /// Ends the process with the first failed expectation.
 class EndAtFirstFailure : public testing::EmptyTestEventListener {
 public:
-    EndAtFirstFailure(int pipe) : output(pipe) {}
-    unsigned char law = 0;
+    int law = 0;
 
     void OnTestPartResult(testing::TestPartResult const & result) override {
         if (result.failed())
-            finish(law);
+            _exit(law);
     }
-    void finish(unsigned char verdict) const {
-        if (write(output, &verdict, 1) != 1)
-            _exit(2);
-        _exit(0);
-    }
-
-private:
-    int output;
 };
 
 class Laws {
@@ -80,15 +71,13 @@ public:
     Laws() {
         testing::UnitTest const & all = *testing::UnitTest::GetInstance();
         for (int s = 0; s < all.total_test_suite_count(); ++s)
-            for (int t = 0; t < all.GetTestSuite(s)->total_test_count(); ++t)
-                names.push_back(std::string(all.GetTestSuite(s)->name()) + "." +
-                                all.GetTestSuite(s)->GetTestInfo(t)->name());
-        for (std::size_t i = 0; i < names.size(); ++i)
-            order.push_back(i);
-        stored = static_cast<std::size_t>(
-            std::find_if(names.begin(), names.end(),
-                         [](std::string const & name) { return name.rfind("StoredTables", 0) == 0; }) -
-            names.begin());
+            for (int t = 0; t < all.GetTestSuite(s)->total_test_count(); ++t) {
+                std::string const suite = all.GetTestSuite(s)->name();
+                if (suite == "StoredTables")
+                    stored = names.size();
+                order.push_back(names.size());
+                names.push_back(suite + "." + all.GetTestSuite(s)->GetTestInfo(t)->name());
+            }
     }
 
     bool hold(std::size_t law) const {
@@ -101,43 +90,35 @@ public:
     std::size_t stored = 0;         ///< the comparison with the stored tables
 };
 
-/// Runs `work` in a child; what it writes to the descriptor that it gets is read after it ends.
-struct Child {
-    pid_t process = 0;
-    int input = -1;
-};
-
-template <class Work> Child start(Work work) {
-    int ends[2];
+/// Starts a process, quiet and bounded, that ends with what `work` gives.
+template <class Work> pid_t start(Work work) {
     std::fflush(stdout);
-    if (pipe(ends) != 0)
-        throw std::runtime_error("no pipe");
-    Child child;
-    child.process = fork();
-    if (child.process == 0) {
-        close(ends[0]);
-        int const nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-        dup2(nowhere, STDOUT_FILENO);
-        dup2(nowhere, STDERR_FILENO);
-        rlimit const memory = {rlim_t{2} << 30, rlim_t{2} << 30}, noCore = {0, 0};
-        setrlimit(RLIMIT_AS, &memory);
-        setrlimit(RLIMIT_CORE, &noCore);
-        alarm(secondsPerChange);
-        work(ends[1]);
-        _exit(3);
-    }
-    close(ends[1]);
-    child.input = ends[0];
-    return child;
+    pid_t const process = fork();
+    if (process != 0)
+        return process;
+    int const nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    dup2(nowhere, STDOUT_FILENO);
+    dup2(nowhere, STDERR_FILENO);
+    rlimit const memory = {rlim_t{2} << 30, rlim_t{2} << 30}, noCore = {0, 0};
+    setrlimit(RLIMIT_AS, &memory);
+    setrlimit(RLIMIT_CORE, &noCore);
+    alarm(secondsPerChange);
+    _exit(work());
 }
 
-template <class Number> std::vector<Number> readAll(Child const & child) {
-    std::vector<Number> numbers;
-    Number number;
-    while (read(child.input, &number, sizeof number) == static_cast<ssize_t>(sizeof number))
-        numbers.push_back(number);
-    close(child.input);
-    return numbers;
+/// What `work` gives in a process of its own, or 0 when that crashes.
+template <class Work> std::uint64_t inProcess(Work work) {
+    std::size_t const size = sizeof(std::uint64_t);
+    void * const shared = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    auto * const number = static_cast<std::uint64_t *>(shared);
+    waitpid(start([&] {
+                *number = work();
+                return 0;
+            }),
+            nullptr, 0);
+    std::uint64_t const result = *number;
+    munmap(shared, size);
+    return result;
 }
 
 /// Runs each law alone on the unchanged library: all must hold, and the quickest is to be asked first.
@@ -145,19 +126,13 @@ void timeLaws(Laws & laws, bool isStoredFirst) {
     std::vector<double> seconds;
     for (std::size_t law = 0; law < laws.names.size(); ++law) {
         auto const begin = std::chrono::steady_clock::now();
-        Child const child = start([&](int pipe) {
-            bool const holds = laws.hold(law);
-            _exit(holds && write(pipe, &topologiesBuilt, sizeof topologiesBuilt) > 0 ? 0 : 1);
-        });
-        int status = 0;
-        waitpid(child.process, &status, 0);
-        std::vector<int> const built = readAll<int>(child);
-        if (status != 0 || built.empty()) {
+        std::uint64_t const built = inProcess([&] { return laws.hold(law) ? topologiesBuilt + 1 : 0; });
+        if (built == 0) {
             std::fprintf(stderr, "%s fails on the unchanged library\n", laws.names[law].c_str());
             std::exit(1);
         }
         seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
-        std::printf("law\t%s\telement types %d\n", laws.names[law].c_str(), built[0]);
+        std::printf("law\t%s\telement types %d\n", laws.names[law].c_str(), static_cast<int>(built - 1));
     }
     seconds.at(laws.stored) = isStoredFirst ? -1.0 : secondsPerChange;
     std::sort(laws.order.begin(), laws.order.end(),
@@ -166,17 +141,10 @@ void timeLaws(Laws & laws, bool isStoredFirst) {
 
 /// The results that users see after a change.
 std::uint64_t resultsWith(std::function<bool()> const & change) {
-    Child const child = start([&](int pipe) {
-        change();
-        std::uint64_t const results = visibleResults();
-        _exit(write(pipe, &results, sizeof results) == static_cast<ssize_t>(sizeof results) ? 0 : 1);
-    });
-    waitpid(child.process, nullptr, 0);
-    std::vector<std::uint64_t> const results = readAll<std::uint64_t>(child);
-    return results.empty() ? 0 : results[0];
+    return inProcess([&] { return change(), visibleResults(); });
 }
 
-/// One thing to change. `group` is the table or list: what noticed one of its changes probably notices the next.
+/// One thing to change in a table or list, its group.
 struct Change {
     std::string group, what;
     std::function<bool()> make;
@@ -195,8 +163,7 @@ public:
         for (Change const & change : changes) {
             if (running.size() >= static_cast<std::size_t>(jobs))
                 collect();
-            Child const child = begin(change);
-            running[child.process] = {child, &change};
+            running[begin(change)] = &change;
         }
         while (!running.empty())
             collect();
@@ -204,57 +171,54 @@ public:
     }
 
 private:
-    Child begin(Change const & change) const {
+    pid_t begin(Change const & change) const {
         std::vector<std::size_t> order = laws.order;
-        auto const known = noticedBy.find(change.group);
-        if (known != noticedBy.end())
-            for (std::size_t law : known->second)
-                std::rotate(order.begin(), std::find(order.begin(), order.end(), law),
-                            std::find(order.begin(), order.end(), law) + 1);
-        return start([&](int pipe) {
+        // What noticed the last change of a group probably notices the next.
+        if (auto const known = noticedBy.find(change.group); known != noticedBy.end())
+            std::rotate(order.begin(), std::find(order.begin(), order.end(), known->second),
+                        std::find(order.begin(), order.end(), known->second) + 1);
+        return start([&]() -> int {
             if (!change.make())
-                _exit(4);
-            auto * const listener = new EndAtFirstFailure(pipe);
+                return withoutEffect;
+            auto * const listener = new EndAtFirstFailure;
             testing::UnitTest::GetInstance()->listeners().Append(listener);
             for (std::size_t law : order) {
-                listener->law = static_cast<unsigned char>(law);
+                listener->law = static_cast<int>(law);
                 if (!laws.hold(law))
-                    listener->finish(listener->law);
+                    return listener->law;
                 if (isQuick && law == laws.stored && resultsWith([] { return true; }) == unchanged)
-                    listener->finish(unseen);
+                    return unseen;
             }
-            listener->finish(survived);
+            return survived;
         });
     }
 
     void collect() {
         int status = 0;
         pid_t const process = waitpid(-1, &status, 0);
-        auto const [child, change] = running.at(process);
+        Change const * const change = running.at(process);
         running.erase(process);
-        std::vector<unsigned char> const verdict = readAll<unsigned char>(child);
-        if (WIFEXITED(status) && WEXITSTATUS(status) == 4) {
+        int const verdict = WEXITSTATUS(status);
+        if (WIFEXITED(status) && verdict == withoutEffect) {
             ++tally.without;
             return;
         }
         ++tally.changed;
-        if (verdict.empty()) {
+        if (!WIFEXITED(status)) {
             ++tally.crashed; // by a signal, endless, or out of memory: a test would have failed
-        } else if (verdict[0] == survived || verdict[0] == unseen) {
-            bool const isSeen = verdict[0] == survived && resultsWith(change->make) != unchanged;
+        } else if (verdict == survived || verdict == unseen) {
+            bool const isSeen = verdict == survived && resultsWith(change->make) != unchanged;
             ++(isSeen ? tally.missed : tally.unseen);
             std::printf("%s\t%s\t%s\n", isSeen ? "MISSED" : "unseen", change->group.c_str(), change->what.c_str());
         } else {
             ++tally.noticed;
-            if (verdict[0] == laws.stored) {
+            if (static_cast<std::size_t>(verdict) == laws.stored) {
                 ++tally.stored;
                 if (!isQuick)
                     std::printf("stored\t%s\t%s\n", change->group.c_str(), change->what.c_str());
                 return;
             }
-            auto & known = noticedBy[change->group];
-            known.erase(std::remove(known.begin(), known.end(), verdict[0]), known.end());
-            known.push_back(verdict[0]);
+            noticedBy[change->group] = static_cast<std::size_t>(verdict);
         }
         if (tally.changed % 200 == 0)
             std::fprintf(stderr, "%d changes, %d not noticed\n", tally.changed, tally.unseen + tally.missed);
@@ -265,11 +229,13 @@ private:
     bool isQuick;
     std::uint64_t unchanged;
     Tally tally;
-    std::map<pid_t, std::pair<Child, Change const *>> running;
-    std::map<std::string, std::vector<std::size_t>> noticedBy; ///< per group: laws, the last to notice at the end
+    std::map<pid_t, Change const *> running;
+    std::map<std::string, std::size_t> noticedBy; ///< per group: the last law
 };
 
-std::vector<Change> changesOfTables(std::vector<ConstantTable> const & tables) {
+std::vector<Change> changesOfTables() {
+    std::vector<ConstantTable> const tables = constantTables();
+    std::printf("number of tables\t%zu\n", tables.size());
     std::vector<Change> changes;
     for (ConstantTable const & table : tables)
         for (std::size_t i = 0; i < table.entries.size(); ++i)
@@ -278,53 +244,25 @@ std::vector<Change> changesOfTables(std::vector<ConstantTable> const & tables) {
     return changes;
 }
 
-/// Asks for every decision of every label, in a child, and reads which lists there are.
-std::vector<std::string> askedLists() {
-    Child const child = start([](int pipe) {
-        std::map<std::pair<std::string, std::string>, std::size_t> lists;
-        decisionLists = &lists;
-        forEachShape([](shp_Shape const & shape) {
-            for (int face = 0; face < shape.NumFacesPerElem(); ++face)
-                shp_InterpolationTables::getFacialNdWghtTblPtr(shape.options, face);
-        });
-        std::string text;
-        for (auto const & [list, rows] : lists)
-            text += list.first + " " + list.second + " " + std::to_string(rows) + "\n";
-        for (std::size_t at = 0; at < text.size();) {
-            ssize_t const written = write(pipe, text.data() + at, text.size() - at);
-            if (written <= 0)
-                _exit(1);
-            at += static_cast<std::size_t>(written);
-        }
-        _exit(0);
-    });
-    std::vector<char> const text = readAll<char>(child);
-    waitpid(child.process, nullptr, 0);
-    std::vector<std::string> lines(1);
-    for (char const letter : text)
-        if (letter == '\n')
-            lines.emplace_back();
-        else
-            lines.back() += letter;
-    lines.pop_back();
-    return lines;
-}
-
+/// Asks for every decision of every label to see which lists there are; shapes are built anew by whoever changes one.
 std::vector<Change> changesOfDecisions() {
+    forEachShape([](shp_Shape const & shape) {
+        for (int face = 0; face < shape.NumFacesPerElem(); ++face)
+            shp_InterpolationTables::getFacialNdWghtTblPtr(shape.options, face);
+    });
+    omi_SingletonBase<shp_ShapeDictionary>::Finalize();
     std::vector<Change> changes;
-    for (std::string const & line : askedLists()) {
-        std::size_t const first = line.find(' '), second = line.rfind(' ');
-        std::string const file = line.substr(0, first), function = line.substr(first + 1, second - first - 1);
-        std::size_t const rows = std::stoul(line.substr(second + 1));
+    for (auto const & each : decisionLists) {
         auto const add = [&](std::size_t row, bool isExchange, std::string const & what) {
-            changes.push_back({file + " " + function, what, [=] {
-                                   decisionChange = {file, function, row, isExchange};
+            DecisionChange const change = {each.first.first, each.first.second, row, isExchange};
+            changes.push_back({change.file + " " + change.function, what, [change] {
+                                   decisionChange = change;
                                    return true;
                                }});
         };
-        for (std::size_t row = 0; row < rows; ++row) {
+        for (std::size_t row = 0; row < each.second; ++row) {
             add(row, false, "row " + std::to_string(row) + " left out");
-            if (row + 1 < rows)
+            if (row + 1 < each.second)
                 add(row, true, "rows " + std::to_string(row) + " and " + std::to_string(row + 1) + " exchanged");
         }
     }
@@ -336,8 +274,7 @@ std::vector<Change> changesOfDecisions() {
 void shp_traceDecision(char const * file, char const * function, std::size_t numRows, std::size_t) {
     // The one list that every topology asks exactly once.
     topologiesBuilt += std::strcmp(function, "numbersOfShape") == 0 ? 1 : 0;
-    if (decisionLists)
-        (*decisionLists)[{fileName(file), function}] = numRows;
+    decisionLists[{fileName(file), function}] = numRows;
 }
 
 std::size_t shp_rowAt(char const * file, char const * function, std::size_t numRows, std::size_t place) {
@@ -355,7 +292,7 @@ int main(int argc, char ** argv) {
     testing::InitGoogleTest(&argc, argv);
     int every = 1, jobs = 2;
     bool isQuick = false;
-    bool hasTables = true, hasDecisions = true;
+    std::string kind;
     for (int i = 1; i < argc; ++i) {
         std::string const argument = argv[i];
         if (argument == "--every" && i + 1 < argc)
@@ -364,34 +301,24 @@ int main(int argc, char ** argv) {
             jobs = std::max(1, std::atoi(argv[++i]));
         else if (argument == "--quick")
             isQuick = true;
-        else if (argument == "tables")
-            hasDecisions = false;
-        else if (argument == "decisions")
-            hasTables = false;
         else
-            return std::fprintf(stderr, "mutants [--every N] [--jobs N] [--quick] [tables | decisions]\n"), 2;
+            kind = argument;
     }
+    if (kind != "tables" && kind != "decisions")
+        return std::fprintf(stderr, "mutants [--every N] [--jobs N] [--quick] tables | decisions\n"), 2;
 
     auto const nothing = [] { return true; };
     if (resultsWith(nothing) != resultsWith(nothing))
         return std::fprintf(stderr, "the results differ from run to run\n"), 1;
     Laws laws;
     timeLaws(laws, isQuick);
-    auto const hunt = [&](char const * kind, std::vector<Change> const & all) {
-        std::vector<Change> sample;
-        for (std::size_t i = 0; i < all.size(); i += static_cast<std::size_t>(every))
-            sample.push_back(all[i]);
-        Tally const tally = Hunt(laws, jobs, isQuick).run(sample);
-        std::printf("%s%s\tpossible %zu\tchanged %d\tnoticed %d\tby stored tables alone %d\tcrashed %d\tunseen "
-                    "%d\tmissed %d\twithout effect %d\n",
-                    kind, isQuick ? " (quick)" : "", all.size(), tally.changed, tally.noticed, tally.stored,
-                    tally.crashed, tally.unseen, tally.missed, tally.without);
-    };
-    if (hasTables) {
-        std::vector<ConstantTable> const tables = constantTables();
-        std::printf("number of tables\t%zu\n", tables.size());
-        hunt("tables", changesOfTables(tables));
-    }
-    if (hasDecisions)
-        hunt("decisions", changesOfDecisions());
+    std::vector<Change> const all = kind == "tables" ? changesOfTables() : changesOfDecisions();
+    std::vector<Change> sample;
+    for (std::size_t i = 0; i < all.size(); i += static_cast<std::size_t>(every))
+        sample.push_back(all[i]);
+    Tally const tally = Hunt(laws, jobs, isQuick).run(sample);
+    std::printf("%s%s\tpossible %zu\tchanged %d\tnoticed %d\tby stored tables alone %d\tcrashed %d\tunseen "
+                "%d\tmissed %d\twithout effect %d\n",
+                kind.c_str(), isQuick ? " (quick)" : "", all.size(), tally.changed, tally.noticed, tally.stored,
+                tally.crashed, tally.unseen, tally.missed, tally.without);
 }

@@ -2,11 +2,9 @@
 
 #include "aio_ostream.h"
 #include "catalogued_shapes.h"
-#include "table_digests.h"
+#include "operation_digests.h"
 
-#include <numeric>
 #include <sstream>
-#include <vector>
 
 namespace {
 
@@ -30,38 +28,6 @@ void addFunctions(Digest & digest, shp_Shape const & s) {
     bool const hasEdgeCentres = s.numSpatialDimensions == 2 && s.numGeometryDimensions == 2;
     digest.add(s.faceCenterNodeWeights,
                (hasEdgeCentres ? s.edgesPerFaceTbl[0] : s.numFacesPerElem) * s.baseNodesPerElem);
-}
-
-/// What follows from the tables by an operation: on the element bent by a smooth function.
-void addOperations(Digest & digest, shp_Shape const & s) {
-    int const nodes = s.numNodesPerElem;
-    uti_CoordCont3D coords, points;
-    coords.Grow(nodes);
-    for (int node = 0; node < nodes; ++node) {
-        float const x = static_cast<float>(node % 5), y = static_cast<float>(node % 7),
-                    z = static_cast<float>(node % 3);
-        coords.SetCoord(node, x + 0.1f * y * y, y + 0.3f * z * x, z - 0.2f * x * x);
-    }
-    std::vector<int> conn(static_cast<std::size_t>(nodes));
-    std::iota(conn.begin(), conn.end(), 0);
-    for (int face = 0; face < s.numFacesPerElem; ++face) {
-        float normal[3] = {};
-        digest.add(s.ComputeFaceNormal(conn.data(), face, coords, normal));
-        digest.add(normal, 3);
-        for (int i = 0; i < s.NumNodesPerFace(face); ++i) {
-            digest.add(s.ComputeFaceNormal(conn.data(), face, i, coords, normal));
-            digest.add(normal, 3);
-        }
-        auto turned = conn;
-        s.ReverseFaceConnectivity(turned.data(), face);
-        digest.add(turned.data(), nodes);
-    }
-    for (int order = 0; order < 6 && s.intPointNodeWeights; ++order) {
-        s.IntPtCoord(coords, conn.data(), points, order);
-        for (int i = 0; i < s.baseIntPtsPerElem; ++i)
-            for (int axis = 0; axis < 3; ++axis)
-                digest.add(points[i][axis]);
-    }
 }
 
 /// All reports but PrintTopology, which shows an address.
