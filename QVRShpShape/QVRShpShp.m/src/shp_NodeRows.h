@@ -5,6 +5,8 @@
 #include "shp_Quad.h"
 #include "shp_ShapeFactors.h"
 
+#include <type_traits>
+
 // The functions of four nodes side by side, where they are products of the same kind. They come out of the same factors
 // as the single functions, with the same operations in each lane, and so have the same bits.
 //
@@ -14,13 +16,33 @@ namespace {
 
 using shp_shape::HexCorner, shp_shape::Nodes, shp_shape::Product, shp_shape::SerendipityCorner, shp_shape::Solid;
 
-template <class... Factor> [[gnu::always_inline]] inline Floats valuesOf(float x) {
-    return Floats{Factor::value(x)...};
-}
+template <class Factor> constexpr bool isMiddle = std::is_same_v<Factor, shp_shape::q0>;
+/// Linear, or in the middle between linear ones.
+template <class Factor>
+constexpr bool isStraight =
+    isMiddle<Factor> || std::is_same_v<Factor, shp_shape::l1> || std::is_same_v<Factor, shp_shape::l2>;
+
+/// -1 or 1; a middle factor has no side.
+template <class Factor> constexpr float sideOf = 1;
+template <> constexpr float sideOf<shp_shape::l1> = -1;
 
 /// -x or x, for each of four factors along one axis.
 template <class... Factor> [[gnu::always_inline]] inline Floats sidesOf(float x) {
-    return Floats{(Factor::side * x)...};
+    return Floats{sideOf<Factor>...} * Floats{x, x, x, x};
+}
+
+/// Four factors along one axis. Linear ones that are not all alike cost less side by side than put together; to add -x
+/// is to subtract x, to the last bit.
+template <class A, class B, class C, class D> [[gnu::always_inline]] inline Floats valuesOf(float x) {
+    constexpr bool areAlike = std::is_same_v<A, B> && std::is_same_v<A, C> && std::is_same_v<A, D>;
+    if constexpr (areAlike || !(isStraight<A> && isStraight<B> && isStraight<C> && isStraight<D>)) {
+        return Floats{A::value(x), B::value(x), C::value(x), D::value(x)};
+    } else {
+        float const middle = shp_shape::q0::value(x);
+        Floats const linear = 0.5f * (1 + sidesOf<A, B, C, D>(x)), middles = {middle, middle, middle, middle};
+        return __builtin_shufflevector(linear, middles, isMiddle<A> ? 4 : 0, isMiddle<B> ? 5 : 1, isMiddle<C> ? 6 : 2,
+                                       isMiddle<D> ? 7 : 3);
+    }
 }
 
 template <class... Node> struct FourNodes {
