@@ -45,8 +45,11 @@ template <class A, class B, class C, class D> [[gnu::always_inline]] inline Floa
     }
 }
 
-template <class... Node> struct FourNodes {
-    [[gnu::always_inline]] static Floats at(float g, float h, float r) { return Floats{Node::value(g, h, r)...}; }
+/// `at(g, h, r)`: the functions of four nodes that are products of the same kind.
+template <class... Node> struct FourNodes;
+template <class... Node>
+concept OfOneKind = requires {
+    FourNodes<Node...>::at(0, 0, 0);
 };
 
 template <class... InG, class... InH> struct FourNodes<Product<InG, InH>...> {
@@ -61,9 +64,12 @@ template <class... InG, class... InH> struct FourNodes<SerendipityCorner<InG, In
     }
 };
 
-template <class... InPlane, class... Through> struct FourNodes<Solid<InPlane, Through>...> {
+/// Four nodes of one ring.
+template <class... InPlane, class Through>
+requires OfOneKind<InPlane...>
+struct FourNodes<Solid<InPlane, Through>...> {
     [[gnu::always_inline]] static Floats at(float g, float h, float r) {
-        return FourNodes<InPlane...>::at(g, h, r) * valuesOf<Through...>(r);
+        return FourNodes<InPlane...>::at(g, h, r) * Through::value(r);
     }
 };
 
@@ -75,16 +81,22 @@ template <class... InG, class... InH, class... InR> struct FourNodes<HexCorner<I
 };
 
 /// All functions of a list.
-template <class... Node>
-[[gnu::always_inline]] inline void storeRow(Nodes<Node...>, [[maybe_unused]] float g, [[maybe_unused]] float h,
-                                            [[maybe_unused]] float r, [[maybe_unused]] float * out) {
-    ((*out++ = Node::value(g, h, r)), ...);
+[[gnu::always_inline]] inline void storeRow(Nodes<>, float, float, float, float *) {}
+
+template <class Node, class... Next>
+[[gnu::always_inline]] inline void storeRow(Nodes<Node, Next...>, float g, float h, float r, float * out);
+
+template <class A, class B, class C, class D, class... Next>
+requires OfOneKind<A, B, C, D>
+[[gnu::always_inline]] inline void storeRow(Nodes<A, B, C, D, Next...>, float g, float h, float r, float * out) {
+    store(FourNodes<A, B, C, D>::at(g, h, r), out);
+    storeRow(Nodes<Next...>(), g, h, r, out + 4);
 }
 
-template <class A, class B, class C, class D, class... Node>
-[[gnu::always_inline]] inline void storeRow(Nodes<A, B, C, D, Node...>, float g, float h, float r, float * out) {
-    store(FourNodes<A, B, C, D>::at(g, h, r), out);
-    storeRow(Nodes<Node...>(), g, h, r, out + 4);
+template <class Node, class... Next>
+[[gnu::always_inline]] inline void storeRow(Nodes<Node, Next...>, float g, float h, float r, float * out) {
+    *out = Node::value(g, h, r);
+    storeRow(Nodes<Next...>(), g, h, r, out + 1);
 }
 
 } // namespace
