@@ -99,6 +99,10 @@ int main(int argc, char ** argv) {
         else
             arguments.push_back(argv[i]);
     }
+    if (passes < 1) {
+        std::cerr << "--passes wants a number of at least 1\n";
+        return 1;
+    }
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data()))

@@ -46,7 +46,8 @@ inline void addOperations(Digest & digest, shp_Shape const & s) {
     digest.add(weights, s.baseNodesPerElem);
     digest.add(static_cast<float>(s.InterpolatePointFromNodes(positions.data(), iso).X()));
     digest.add(s.ShapeFunctionJacobian(positions.data(), iso).GetM(0, 0));
-    std::vector<float> values(static_cast<std::size_t>(2 * s.numIntPtsPerElem)), results(2 * 27);
+    std::vector<float> values(static_cast<std::size_t>(2 * s.numIntPtsPerElem)),
+        results(static_cast<std::size_t>(2 * nodes));
     std::iota(values.begin(), values.end(), 1.0f);
     s.StdExtrapToNodes(values.data(), res_OutputPosition_INTEGRATION_POINT, results.data(), 2);
     digest.add(results.data(), 2 * s.baseNodesPerElem);

@@ -17,25 +17,31 @@ namespace {
 using shp_shape::HexCorner, shp_shape::Nodes, shp_shape::Product, shp_shape::SerendipityCorner, shp_shape::Solid;
 
 template <class Factor> constexpr bool isMiddle = std::is_same_v<Factor, shp_shape::q0>;
+
+/// What linear factors have: -1 or 1. A middle one has no side, and its lane is not looked at.
+template <class Factor> constexpr float sideOf() {
+    if constexpr (isMiddle<Factor>)
+        return 1;
+    else
+        return Factor::side;
+}
+
 /// Linear, or in the middle between linear ones.
 template <class Factor>
-constexpr bool isStraight =
-    isMiddle<Factor> || std::is_same_v<Factor, shp_shape::l1> || std::is_same_v<Factor, shp_shape::l2>;
-
-/// -1 or 1; a middle factor has no side.
-template <class Factor> constexpr float sideOf = 1;
-template <> constexpr float sideOf<shp_shape::l1> = -1;
+concept Straight = isMiddle<Factor> || requires {
+    Factor::side;
+};
 
 /// -x or x, for each of four factors along one axis.
 template <class... Factor> [[gnu::always_inline]] inline Floats sidesOf(float x) {
-    return Floats{sideOf<Factor>...} * Floats{x, x, x, x};
+    return Floats{sideOf<Factor>()...} * Floats{x, x, x, x};
 }
 
 /// Four factors along one axis. Linear ones that are not all alike cost less side by side than put together; to add -x
 /// is to subtract x, to the last bit.
 template <class A, class B, class C, class D> [[gnu::always_inline]] inline Floats valuesOf(float x) {
     constexpr bool areAlike = std::is_same_v<A, B> && std::is_same_v<A, C> && std::is_same_v<A, D>;
-    if constexpr (areAlike || !(isStraight<A> && isStraight<B> && isStraight<C> && isStraight<D>)) {
+    if constexpr (areAlike || !(Straight<A> && Straight<B> && Straight<C> && Straight<D>)) {
         return Floats{A::value(x), B::value(x), C::value(x), D::value(x)};
     } else {
         float const middle = shp_shape::q0::value(x);
